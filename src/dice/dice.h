@@ -1,0 +1,40 @@
+// Sources of a roll: seeding, drawing, the skewed matrix.
+#pragma once
+
+#include <cstdint>
+
+#include "table/crapcnst.h"
+
+namespace tarnwick {
+
+/// How SeedRNG gets its seed.
+enum class SeedMode { Entry = -1, Normal = 0 };
+
+/// Seeds the selected generator: `Entry` takes t.SeedEntry (the clock when it is below 1); `Normal` takes the clock, or
+/// asks when UserSeedOn holds and `mayAsk`. False when the seed could not be used: nothing was seeded then.
+bool SeedRNG(Table& t, SeedMode mode, bool mayAsk = true);
+
+/// Largest seed of a generator 0..7.
+constexpr std::int32_t SeedLimit(int rngIndex) { return rngIndex == 2 ? 999'999 : 2'147'483'647; }
+
+/// Seeds every generator, the private one too, from one number, so that a run is repeatable whole. RngIndex stays.
+void SeedEverything(Table& t, std::uint64_t seed);
+
+/// Draws Die1 and Die2 from the selected generator, through the matrix when UseSkewedProbability holds.
+void DrawDice(Table& t);
+
+/// A missing generator library moves RngIndex to 3.
+void CorrectMissingGenerator(Table& t);
+
+/// Sets Die1 and Die2 by the draw d 1..100000 from the matrix; other draws, and sums below d, draw again.
+void LookupDice(Table& t, std::int32_t d);
+/// The true chances.
+void ResetProbabilityMatrix(Table& t);
+
+/// The engine's own uniform number in [0,1), never taken from the dice's generators.
+double Uniform(Table& t);
+
+/// Dice for a total 2..12 picked on the pad: one of its ways by Uniform.
+void DiceForTotal(Table& t, int total, int& die1, int& die2);
+
+}  // namespace tarnwick
