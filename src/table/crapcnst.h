@@ -121,7 +121,8 @@ struct Table : Settings, DiceState, Statistics {
     std::array<RowMask, Positions> RowsOf{};            ///< by position: rows 1..199 with an amount not 0
     std::array<RowMask, Positions> ChangedSinceRoll{};  ///< rows touched since the last snapshot
     std::array<RowMask, Positions> ChangedSinceEnd{};   ///< rows touched since the last roll ended
-    SeatMask SeatsChanged = 0;                          ///< positions with any bit in either
+    SeatMask SeatsChangedSinceRoll = 0;                 ///< positions with any bit in these
+    SeatMask SeatsChangedSinceEnd = 0;
     std::int8_t WorkingOverlay = 0;  ///< what the last change of the point made of uncalled bets: 0 settled in the
                                      ///< cells, 1 off by ComeOutWorking, 2 on
 
@@ -138,7 +139,8 @@ inline void TouchBet(Table& t, int p, int row) {
     const std::uint64_t bit = std::uint64_t{1} << (row & 63);
     t.ChangedSinceRoll[static_cast<std::size_t>(p)][word] |= bit;
     t.ChangedSinceEnd[static_cast<std::size_t>(p)][word] |= bit;
-    t.SeatsChanged = static_cast<SeatMask>(t.SeatsChanged | (1u << p));
+    t.SeatsChangedSinceRoll = static_cast<SeatMask>(t.SeatsChangedSinceRoll | (1u << p));
+    t.SeatsChangedSinceEnd = static_cast<SeatMask>(t.SeatsChangedSinceEnd | (1u << p));
 }
 
 inline void SetBetAmount(Table& t, int p, int row, currency amount) {

@@ -1,0 +1,133 @@
+#include "table/betrules.h"
+
+#include "stats/accumulators.h"
+#include "table/format.h"
+
+namespace tarnwick {
+
+namespace {
+
+constexpr int SmallMarks = 124;  // 2 to 6
+constexpr int TallMarks = 7936;  // 8 to 12
+
+std::string OptionNote(std::string_view option) {
+    return "\n\n(Unless you check \"" + std::string(option) + "\" on the\nConfiguration screen.)";
+}
+
+std::string_view OptionOf(int row) {
+    if (row == Row::Big6 || row == Row::Big8) return "Use Big 6 && 8 Bets";
+    if (Row::AllSmall <= row && row <= Row::SevenPoint7) return "Use Special Prop Bets";
+    if (row == Row::Midway) return "Use Midway Bet";
+    return "Use Fire Bet";
+}
+
+std::string Article(std::string_view name) {
+    return !name.empty() && (name[0] == 'A' || name[0] == 'a') ? "an " : "a ";
+}
+
+std::string FlatNeeded(int row) {
+    const std::string flat(BetName(FlatRowOf(row)));
+    return "You may not make a " + std::string(BetName(row)) + " bet until you've established a " + flat + " bet.";
+}
+
+std::string MarksRefusal(const Table& t, int row) {
+    const int marks = row == Row::AllSmall ? SmallMarks : row == Row::AllTall ? TallMarks : SmallMarks | TallMarks;
+    if ((t.MarkedNumbers & marks) == 0) return {};
+    const std::string name(BetName(row));
+    const std::string size = row == Row::AllSmall ? "small " : row == Row::AllTall ? "tall " : "";
+    return "You may not make or increase " + Article(name) + name + " bet while any " + size + "numbers are marked.";
+}
+
+std::string SpecialRefusal(int row, std::string_view while_) {
+    return "You may not make or increase a " + std::string(BetName(row)) + " bet " + std::string(while_);
+}
+
+}  // namespace
+
+bool IsOffered(const Table& t, int row) {
+    if (row == Row::Big6 || row == Row::Big8) return t.UseBig68;
+    if (Row::AllSmall <= row && row <= Row::SevenPoint7) return t.UseSpecialPropBets;
+    if (row == Row::Midway) return t.UseMidwayBet;
+    if (row == Row::Fire) return t.UseFireBet;
+    return true;
+}
+
+std::string NotOfferedText(int row) {
+    const bool big = row == Row::Big6 || row == Row::Big8;
+    const std::string name(BetName(row));
+    const std::string bet = big ? "a Big 6 or Big 8" : Article(name) + name;
+    return "You may not make " + bet + " bet at his table." + OptionNote(OptionOf(row));
+}
+
+bool IsRestorable(int row) {
+    return row == Row::PassLine || row == Row::DontPass || IsDontComeNumber(row) || IsComeNumber(row) ||
+           (Row::AllSmall <= row && row <= Row::SevenPoint7) || row == Row::Fire;
+}
+
+std::string RefusalOf(const Table& t, int p, int row) {
+    const bool on = t.Point != 0;
+    const auto missing = [&](int flat) { return IsZero(t.BetAmount(p, flat)); };
+    if (row == Row::PassLine && on && !t.AllowPutBets) {
+        return "You may not make or increase a Pass Line bet while a point is established." +
+               OptionNote("Allow Put Bets");
+    }
+    if (row == Row::Come && !on) return "You may not make a Come bet until a point is established.";
+    if (row == Row::DontCome && !on) return "You may not make a Don't Come bet until a point is established.";
+    if (row == Row::DontPass && on)
+        return "You may not make or increase a Don't Pass bet while a point is established.";
+    if (row == Row::DontPassOdds && (!on || missing(Row::DontPass))) {
+        return "You may not make a Don't Pass Odds bet unless you also have a Don't Pass bet and a point is "
+               "established.";
+    }
+    if (row == Row::PassLineOdds && (!on || missing(Row::PassLine))) {
+        return "You may not make a Pass Line Odds bet unless you also have a Pass Line bet and a point is established.";
+    }
+    if (IsComeNumber(row) && !t.AllowPutBets) {
+        return "You may not make or increase a Come bet directly on a point number." + OptionNote("Allow Put Bets");
+    }
+    if (IsDontComeNumber(row)) return "You may not make or increase a Don't Come bet directly on a point number.";
+    if ((IsComeOdds(row) || IsDontComeOdds(row)) && missing(FlatRowOf(row))) return FlatNeeded(row);
+    if (Row::AllSmall <= row && row <= Row::MakeAll) return MarksRefusal(t, row);
+    if (row == Row::FourRollsNo7 && t.FourRollsCount > 0) return SpecialRefusal(row, "if the count is in progress.");
+    if ((row == Row::Point7 || row == Row::SevenPoint7) && on) {
+        return SpecialRefusal(row, "unless the shooter is on a come-out roll.");
+    }
+    if (row == Row::Fire && HandRolls(t) > 0 && !t.FireHandReset) {
+        return SpecialRefusal(row, "after the shooter has started a hand.");
+    }
+    return {};
+}
+
+std::string RestoreSentence(currency established, currency bet) {
+    if (established <= bet) return {};
+    return "\n\nHowever, you're allowed to restore up to $" + FormatCommas(established) +
+           " here because it was previously established and the dice have not rolled since you " +
+           (IsZero(bet) ? "" : "partially ") + "removed it.";
+}
+
+bool IsContract(const Table& t, int row) {
+    return IsComeNumber(row) || (t.Point != 0 && (row == Row::PassLine || row == Row::SevenPoint7));
+}
+
+std::string ContractRefusal(int row, currency delta, currency bet, currency established) {
+    const bool untouched = delta < currency{} && bet <= established;
+    if (row == Row::SevenPoint7) {
+        return "You may not decrease or remove a " + std::string(BetName(row)) +
+               " bet which is established on a point.";
+    }
+    if (row == Row::PassLine) {
+        return untouched ? "You may not decrease or remove a Pass Line bet while a point is established."
+                         : "You may not decrease or remove your Pass Line bet while a point is established.";
+    }
+    return untouched ? "You may not decrease or remove a Come bet which is established on a point."
+                     : "You may not decrease or remove an established Come bet.";
+}
+
+std::string OutgrownText(const std::string& name, currency established) {
+    return "However, because the " + name + " is a contract bet and you established it at $" +
+           FormatCommas(established) +
+           " before you recently lowered the maximum allowed on the Configuration screen, it must remain unchanged "
+           "until it resolves.";
+}
+
+}  // namespace tarnwick
