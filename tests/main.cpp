@@ -11,7 +11,7 @@
 
 int main(int argc, char** argv) {
     testing::InitGoogleMock(&argc, argv);
-    if (testing::GTEST_FLAG(list_tests)) return RUN_ALL_TESTS();
+    if (GTEST_FLAG_GET(list_tests)) return RUN_ALL_TESTS();
 
     std::error_code error;
     std::filesystem::current_path(SOURCE_FOLDER, error);
