@@ -1,5 +1,8 @@
+# shellcheck shell=bash
+# shellcheck disable=SC2034 # the lists are read by who sources this
 # What ./run, ./test and the scripts share. Sourced by bash, never run.
 # Needs $root, the folder of the project. Everything said here goes to stderr.
+: "${root:?}"
 
 build_packages=(g++ cmake ninja-build libcli11-dev)
 speed_packages=(ccache mold) # the build is slower without them, not other
