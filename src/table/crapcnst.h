@@ -10,6 +10,7 @@
 
 #include <array>
 #include <cstdint>
+#include <set>
 #include <string>
 
 #include "config/settings.h"
@@ -125,6 +126,8 @@ struct Table : Settings, DiceState, Statistics {
     SeatMask SeatsChangedSinceEnd = 0;
     std::int8_t WorkingOverlay = 0;  ///< what the last change of the point made of uncalled bets: 0 settled in the
                                      ///< cells, 1 off by ComeOutWorking, 2 on
+
+    std::set<std::string> HiddenTitles;  ///< messages hidden for as long as the program runs; no part of a game
 
     Screen* Front = nullptr;
     ScriptHost* Scripts = nullptr;

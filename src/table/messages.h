@@ -8,9 +8,10 @@
 
 namespace tarnwick {
 
-/// Shows `message` through the table's front end (without one, as if Cancel or No were pressed) and returns the
-/// answer. A checked hide box clears its bit of NotifyBits. A Yes under the title "Auto-Bet Active" while a script
-/// runs sets StopReason. Callers test HyperDriveActive first: nothing is shown in Hyper-Drive.
+/// Shows `message` through the table's front end and returns the answer. A checked hide box clears its bit of
+/// NotifyBits, or adds the title to HiddenTitles, and messages of a hidden kind are not shown. Without a front end, and
+/// for a hidden one, the answer is Cancel, else No, else OK, as the message has them. A Yes under the title "Auto-Bet
+/// Active" while a script runs sets StopReason. Callers test HyperDriveActive first: nothing is shown in Hyper-Drive.
 Answer ShowMessage(Table& t, const Message& message);
 
 /// OK message of `title` and `text`.
@@ -23,7 +24,8 @@ bool AskYesNo(Table& t, std::string title, std::string text);
 /// and 4 no script running.
 bool MayNotify(const Table& t, int bit);
 
-/// Reports an unexpected fault: ", Error #", `number`, a line break, " occurred, at: " and `procedure`.
+/// Reports an unexpected fault: ", Error #", `number`, a line break, " occurred, at: " and `procedure`. In Hyper-Drive
+/// the words become the StopReason.
 void ReportFault(Table& t, int number, const std::string& procedure);
 
 }  // namespace tarnwick

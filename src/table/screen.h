@@ -108,8 +108,8 @@ struct Screen {
 };
 
 /// Answers from queues and keeps what it was told: for tests and unattended runs. With an empty queue a message gets
-/// its first button of OK, No, Cancel, Yes, and a settled bet its first choice. The clock moves only by `Clock` and by
-/// waiting.
+/// its first button of OK, No, Cancel, Yes, and a settled bet its first choice, as does a queued code that isn't
+/// offered. The clock moves only by `Clock` and by waiting.
 struct SilentScreen : Screen {
     std::deque<Answer> Answers;
     std::deque<int> SettleCodes;
