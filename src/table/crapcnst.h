@@ -110,8 +110,10 @@ struct Table : Settings, DiceState, Statistics {
     bool GameChanged = false;
     bool AutoRollActive = false;
     bool HyperDriveActive = false;
-    bool ScriptRunning = false;  ///< inside a script's statement
-    bool FireHandReset = false;  ///< a paying Fire bet may be left up for the next hand
+    bool ScriptRunning = false;        ///< inside a script's statement
+    bool ScriptStopRequested = false;  ///< the user interrupts the script run
+    std::int32_t ScriptPlayer = 0;     ///< whose script is running
+    bool FireHandReset = false;        ///< a paying Fire bet may be left up for the next hand
     std::string StopReason;
     std::string EventsLogHeading;
     std::int32_t EventsLogTopLine = 1;

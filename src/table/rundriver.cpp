@@ -1,0 +1,125 @@
+#include "table/rundriver.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "stats/accumulators.h"
+#include "table/format.h"
+#include "table/messages.h"
+#include "table/rolldice.h"
+#include "table/screen.h"
+
+namespace tarnwick {
+
+namespace {
+
+constexpr int AutoRollThrottle = 12;
+
+void TellRunState(Table& t) {
+    if (t.Front != nullptr) t.Front->RunStateChanged(t.AutoRollActive, t.HyperDriveActive);
+}
+
+void RedrawAllBets(Table& t) {
+    for (int row = 1; row <= Row::LastStack; ++row) {
+        if (Row::LastBet < row && row < Row::FirstStack) continue;
+        for (int p = 1; p < Positions; ++p) t.Front->RedrawBet(p, row);
+    }
+}
+
+std::string ScriptQuestion(const Table& t) {
+    const std::string& name = t.PlayerName[static_cast<std::size_t>(t.ScriptPlayer)];
+    return name + "'s script processing.\n\nDo you want to interrupt auto-betting?";
+}
+
+/// A script in a step may be interrupted; ShowMessage notes the reason.
+void OfferInterrupt(Table& t) {
+    if (AskYesNo(t, "Auto-Bet Active", ScriptQuestion(t))) t.ScriptStopRequested = true;
+}
+
+std::optional<currency> AskAmount(Table& t, std::string title, std::string text, currency present) {
+    Message message{std::move(title), std::move(text), MsgButton::InputQuestion, 400, PlainAmount(present), {}};
+    const Answer answer = ShowMessage(t, message);
+    if (answer.Result != MsgAnswer::Ok) return std::nullopt;
+    return ParseAmount(answer.Input);
+}
+
+}  // namespace
+
+void StopAutoRoll(Table& t) {
+    if (!t.AutoRollActive) return;
+    t.AutoRollActive = false;
+    const bool hyperDrive = t.HyperDriveActive;
+    t.HyperDriveActive = false;
+    TellRunState(t);
+    if (!hyperDrive) return;
+    if (!t.StopReason.empty()) ShowNote(t, "Hyper-Drive Stopped", t.StopReason);
+    if (t.Front == nullptr) return;
+    RedrawAllBets(t);
+    t.Front->RedrawTable();
+}
+
+void ToggleAutoRoll(Table& t) {
+    if (t.AutoRollActive) return StopAutoRoll(t);
+    if (t.ScriptRunning) return OfferInterrupt(t);
+    if (t.RollInProgress) return;
+    t.AutoRollActive = true;
+    t.HyperDriveActive = t.HyperThrottle != AutoRollThrottle;
+    TellRunState(t);
+    RollDice(t);
+    // A call that ended before its first roll leaves no run behind.
+    if (t.AutoRollActive) StopAutoRoll(t);
+}
+
+void SetHyperThrottle(Table& t, int throttle) {
+    t.HyperThrottle = std::clamp(throttle, 0, AutoRollThrottle);
+    t.GameChanged = true;
+    if (!t.AutoRollActive) return;
+    const bool hyperDrive = t.HyperThrottle != AutoRollThrottle;
+    if (hyperDrive == t.HyperDriveActive) return;
+    t.HyperDriveActive = hyperDrive;
+    TellRunState(t);
+    if (!hyperDrive && t.Front != nullptr) RedrawAllBets(t);
+}
+
+bool GuardCommand(Table& t) {
+    if (t.AutoRollActive) {
+        const bool hyper = t.HyperDriveActive;
+        const bool stop = hyper ? AskYesNo(t, "Hyper-Drive Active", "Do you want to stop the Hyper-Drive?")
+                                : AskYesNo(t, "Auto-Roll Active", "Do you want to stop Auto-Rolling?");
+        if (stop) StopAutoRoll(t);
+        return true;
+    }
+    if (t.ScriptRunning) {
+        OfferInterrupt(t);
+        return true;
+    }
+    return false;
+}
+
+bool AutoStopDue(const Table& t) {
+    if (t.AutoStopRolls <= currency{}) return false;
+    const std::int64_t rolls = SessionRolls(t);
+    return rolls > 0 && Dollars(rolls).TenThousandths % t.AutoStopRolls.TenThousandths == 0;
+}
+
+void AskAutoRollDelay(Table& t) {
+    const auto seconds = AskAmount(t, "Set Auto-Roll Time Delay",
+                                   "Enter seconds of delay desired between rolls \n(min 0, max 300, fractional "
+                                   "amounts allowed.)",
+                                   t.AutoRollDelay);
+    if (!seconds) return;
+    t.AutoRollDelay = std::clamp(*seconds, currency{}, Dollars(300));
+    t.GameChanged = true;
+}
+
+void AskAutoStop(Table& t) {
+    const auto rolls = AskAmount(t, "Set Auto-Stop",
+                                 "How often (number of rolls) would you like Auto-Roll / Hyper-Drive to "
+                                 "automatically stop?  \n(This is in addition to any auto-stops of the scripts.)",
+                                 t.AutoStopRolls);
+    if (!rolls) return;
+    t.AutoStopRolls = std::max(currency{}, *rolls);
+    t.GameChanged = true;
+}
+
+}  // namespace tarnwick

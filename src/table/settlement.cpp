@@ -1,0 +1,227 @@
+#include "table/settlement.h"
+
+#include <string>
+
+#include "config/payoffs.h"
+#include "stats/accumulators.h"
+#include "stats/eventslog.h"
+#include "table/format.h"
+#include "table/handling.h"
+#include "table/placement.h"
+#include "table/screen.h"
+
+namespace tarnwick {
+
+namespace {
+
+std::size_t At(int i) { return static_cast<std::size_t>(i); }
+
+constexpr int SmallMarks = 124;
+constexpr int TallMarks = 7936;
+
+/// FieldPayoff's entry 1..21 of the dice.
+int FieldIndex(int die1, int die2) {
+    const int low = die1 < die2 ? die1 : die2;
+    switch (die1 + die2) {
+        case 2:
+            return 1;
+        case 3:
+            return 2;
+        case 4:
+            return low == 1 ? 3 : 4;
+        case 5:
+            return low == 1 ? 5 : 6;
+        case 6:
+            return 6 + low;
+        case 7:
+            return 9 + low;
+        case 8:
+            return 11 + low;
+        case 9:
+            return 13 + low;
+        case 10:
+            return 14 + low;
+        case 11:
+            return 20;
+        default:
+            return 21;
+    }
+}
+
+/// MidwayPayoff's entry 1..5 of a total 6, 7 or 8.
+int MidwayIndex(int total, int die1, int die2) {
+    if (total == 7) return 3;
+    return total == 6 ? (die1 == die2 ? 1 : 2) : (die1 == die2 ? 5 : 4);
+}
+
+/// The row that a split bet's winning part is paid by.
+int PartRow(int row, int total) {
+    if (row == Row::CandE) return total == 11 ? Row::Eleven : Row::Craps;
+    switch (total) {
+        case 2:
+            return Row::Two;
+        case 3:
+            return Row::Three;
+        case 7:
+            return Row::Seven;
+        case 11:
+            return Row::Eleven;
+        default:
+            return Row::Twelve;
+    }
+}
+
+/// Parts of a split bet; 0 for every other row.
+int PartsOf(int row) { return row == Row::CandE ? 2 : row == Row::Horn ? 4 : row == Row::World ? 5 : 0; }
+
+/// The payoff of a win, under the point before the roll.
+const PayoffEntry& WinningPayoff(const Table& t, int row, int outcome) {
+    const int point = t.PrevPoint;
+    switch (row) {
+        case Row::PassLine:
+            return t.Payoff[At(point == 0 ? Row::Come : Row::Come4 + PointIndex(point))];
+        case Row::PassLineOdds:
+            return t.Payoff[At(point == 0 ? row : Row::Come4Odds + PointIndex(point))];
+        case Row::DontPass:
+            return t.Payoff[At(point == 0 ? Row::DontCome : Row::DontCome4 + PointIndex(point))];
+        case Row::DontPassOdds:
+            return t.Payoff[At(point == 0 ? row : Row::DontCome4Odds + PointIndex(point))];
+        case Row::CandE:
+        case Row::Horn:
+        case Row::World:
+            return t.Payoff[At(PartRow(row, t.DiceTotal))];
+        case Row::Midway:
+            return t.MidwayPayoff[At(MidwayIndex(t.DiceTotal, t.Die1, t.Die2))];
+        case Row::SevenPoint7:
+            return t.SevenPointSevenPayoff[At(outcome)];
+        default:
+            return t.Payoff[At(row)];
+    }
+}
+
+/// (amount / parts) * Pays / For less the other parts, exact to the ten-thousandth.
+currency SplitResult(currency amount, int parts, const PayoffEntry& payoff) {
+    const int128 pays = payoff.Pays.TenThousandths, per = payoff.For.TenThousandths;
+    const int128 net = amount.TenThousandths * (pays - (parts - 1) * per);
+    return {Saturate(HalfEvenDivide(net, parts * per))};
+}
+
+currency VigOnResult(const Table& t, int p, int row, currency gross) {
+    const bool won = gross > currency{};
+    if (IsLay(row) && (won || t.LayVigOnAllBets)) return t.LayVigCharged[At(p)][At(row - Row::Lay4)];
+    if (IsBuy(row) && (won || t.BuyVigOnAllBets)) return t.BuyVigCharged[At(p)][At(row - Row::Buy4)];
+    return {};
+}
+
+/// Whether the bet that was just settled on `row` can't stand where it is.
+bool CannotStay(const Table& t, int p, int row) {
+    if (row == Row::Come || row == Row::DontCome) return t.DiceTotal == 7;
+    if (row == Row::PassLineOdds || row == Row::DontPassOdds || IsDontComeNumber(row) || IsDontComeOdds(row))
+        return true;
+    if (IsComeNumber(row)) return !t.AllowPutBets;
+    if (IsComeOdds(row)) return IsZero(t.BetAmount(p, FlatRowOf(row)));
+    if (row == Row::AllSmall) return (t.MarkedNumbers & SmallMarks) != 0;
+    if (row == Row::AllTall) return (t.MarkedNumbers & TallMarks) != 0;
+    if (row == Row::Point7 || row == Row::SevenPoint7) return t.Point != 0;
+    return false;
+}
+
+void LogSettlement(Table& t, int p, int row, currency net) {
+    if (!t.RecordBetsWon && !t.RecordBetsLost) return;
+    const std::string_view heading = t.RecordBetsWon && t.RecordBetsLost ? "    Wins/losses:"
+                                     : t.RecordBetsWon                   ? "    Wins:"
+                                                                         : "    Losses:";
+    if (t.EventsLogHeading != heading) {
+        t.EventsLogHeading = heading;
+        LogEvent(t, heading);
+    }
+    const bool won = net > currency{};
+    if (IsZero(net) || !(won ? t.RecordBetsWon : t.RecordBetsLost)) return;
+    LogEvent(t, "      " + t.PlayerName[At(p)] + (won ? " won $" : " lost $") + PlainAmount(Abs(net)) + " on " +
+                    std::string(BetName(row)));
+}
+
+void CountStreak(Table& t, int p, int row, currency net) {
+    std::int32_t& streak = t.BetStreak(p, row);
+    if (net > currency{}) {
+        streak = streak < 0 ? 1 : streak + 1;
+    } else if (net < currency{}) {
+        streak = streak > 0 ? -1 : streak - 1;
+    }
+}
+
+/// Books the result of a standing, working bet: statistics, log, money, streak. False when the payoff of 0 means "no
+/// decision".
+bool BookResult(Table& t, DecidedBet& bet, int outcome) {
+    const int p = bet.Position, row = bet.BetRow;
+    const currency amount = t.BetAmount(p, row);
+    bet.Result = ComputePayoff(t, p, row, outcome, amount);
+    const currency net = bet.Result.NetResult;
+    RecordBetResult(t, p, row, amount, net);
+    if (IsComeNumber(row)) t.ComeFlatNow[At(p)][At(row - Row::Come4)] = currency{};
+    if (t.EventsLogOn) LogSettlement(t, p, row, net);
+    if (IsZero(bet.Result.CurrentPayoff.Pays) && IsZero(net)) return false;
+    if (!IsZero(net)) SetBankroll(t, p, t.Bankroll[At(p)] + net);
+    t.EstablishedBet(p, row) = currency{};
+    TouchBet(t, p, row);
+    CountStreak(t, p, row, net);
+    return true;
+}
+
+}  // namespace
+
+Settlement ComputePayoff(const Table& t, int p, int row, int outcome, currency amount) {
+    Settlement s;
+    if (row == Row::Field) {
+        s.CurrentPayoff = t.FieldPayoff[At(FieldIndex(t.Die1, t.Die2))];
+    } else if (row == Row::Fire) {
+        s.CurrentPayoff = t.FirePayoff[At(t.PointsMadeCount)];
+    } else if (outcome > 0) {
+        s.CurrentPayoff = WinningPayoff(t, row, outcome);
+    } else {
+        s.CurrentPayoff = {t.Payoff[At(row)].Unit, Dollars(-1), t.Payoff[At(row)].ToForm, Dollars(1)};
+    }
+    const PayoffEntry& payoff = s.CurrentPayoff;
+    const int parts = outcome > 0 ? PartsOf(row) : 0;
+    s.GrossResult = parts > 0 ? SplitResult(amount, parts, payoff) : MultiplyDivide(amount, payoff.Pays, payoff.For);
+    s.GrossResult -= VigOnResult(t, p, row, s.GrossResult);
+    s.NetResult = FloorTo(s.GrossResult, SmallestCheck(t));
+    return s;
+}
+
+void SettleSeat(Table& t, int p, int outcome, int row) {
+    if (IsZero(t.BetAmount(p, row))) return;
+    DecidedBet bet{p, row, SettleKind::Winner, {}, false};
+    if (BetWorking(t, p, row) <= 0) {
+        // Odds that are off can't stay behind a flat bet that was decided.
+        if ((outcome == 2 || outcome == -2) && IsOddsRow(row)) HandleReturnedBet(t, bet);
+        return;
+    }
+    if (!BookResult(t, bet, outcome)) return;
+    bet.MustTakeDown = CannotStay(t, p, row);
+    if (bet.Result.NetResult < currency{}) {
+        bet.Kind = SettleKind::Loser;
+        HandleLoser(t, bet);
+    } else {
+        HandleWinner(t, bet);
+    }
+}
+
+void SettleRow(Table& t, int outcome, int row) {
+    const unsigned seats = t.SeatsOn[At(row)];
+    if (seats == 0) return;
+    for (int i = 1; i < Positions; ++i) {
+        const int p = PayOrder[At(i)];
+        if ((seats >> p & 1u) != 0) SettleSeat(t, p, outcome, row);
+    }
+}
+
+void SettleAbandoned(Table& t, int p, int row) {
+    if (IsZero(t.BetAmount(p, row))) return;
+    DecidedBet bet{p, row, SettleKind::Loser, {}, true};
+    if (!BookResult(t, bet, -1)) return;
+    ReleaseVig(t, bet);
+    TakeBetDown(t, bet);
+}
+
+}  // namespace tarnwick
