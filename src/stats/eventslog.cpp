@@ -147,6 +147,7 @@ std::string Narrated(const Table& t, int p, const std::string& rest) { return " 
 }  // namespace
 
 void LogEvent(Table& t, std::string_view line) {
+    t.EventsLogStarted = true;
     if (t.Front != nullptr) t.Front->EventLogged(line);
 }
 

@@ -116,6 +116,7 @@ struct Table : Settings, DiceState, Statistics {
     bool FireHandReset = false;        ///< a paying Fire bet may be left up for the next hand
     std::string StopReason;
     std::string EventsLogHeading;
+    bool EventsLogStarted = false;  ///< a line was given to the log
     std::int32_t EventsLogTopLine = 1;
 
     // --- kept by SetBetAmount and its like ---

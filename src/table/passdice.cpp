@@ -75,9 +75,7 @@ std::string MidHandText(const Table& t, int old, int candidate) {
 
 void PassTo(Table& t, PassMode mode, int candidate) {
     const int old = t.Shooter;
-    if (mode == PassMode::Request && t.EventsLogOn && t.RecordShooterChanges) {
-        LogEvent(t, "    The dice were passed to " + t.PlayerName[At(candidate)]);
-    }
+    if (mode == PassMode::Request) LogDicePassed(t, candidate);
     GiveTo(t, candidate);
     t.GameChanged = true;
     if (t.Front != nullptr && !t.HyperDriveActive) t.Front->RedrawTable();

@@ -340,10 +340,7 @@ void MoveContractBet(Table& t, int p, int fromRow, int toRow) {
             RemoveBet(t, p, toRow + 18);
         }
     }
-    if (t.EventsLogOn) {
-        LogEvent(t, "    " + t.PlayerName[At(p)] + "'s " + std::string(BetName(fromRow)) + " bet moved to " +
-                        std::string(BetName(toRow)));
-    }
+    if (t.EventsLogOn) LogContractMove(t, p, fromRow, toRow);
 }
 
 void ResetBetWorking(Table& t, int p, int row) {

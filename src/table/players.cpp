@@ -63,16 +63,6 @@ void ClearPosition(Table& t, int p) {
     if (t.Scripts != nullptr) t.Scripts->SwapPositions(t, p, 0);
 }
 
-std::string CashOutLine(const Table& t, int p, currency abandoned) {
-    const currency amount = t.Bankroll[At(p)] - abandoned;
-    const currency net = amount - t.BankrollInvested[At(p)];
-    std::string line = "    " + t.PlayerName[At(p)] + " cashed out with $" + PlainAmount(amount);
-    if (net > currency{}) return line + "(net win: $" + PlainAmount(net) + ")";
-    if (IsZero(net)) return line;
-    line += "(net loss: $" + PlainAmount(-net);
-    return IsZero(abandoned) ? line : line + " includes $" + PlainAmount(abandoned) + " abandoned)";
-}
-
 bool LeavesPassLine(const Table& t, int p) { return t.Point != 0 && !IsZero(t.BetAmount(p, Row::PassLine)); }
 
 void SettleAbandonedBets(Table& t, int p) {
@@ -157,10 +147,6 @@ void SwapSettings(Table& t, int p, int q) {
 
 void Follow(std::int32_t& position, int p, int q) { position = position == p ? q : position == q ? p : position; }
 
-void LogMove(Table& t, int p) {
-    if (t.EventsLogOn && IsSeated(t, p)) LogEvent(t, "    " + t.PlayerName[At(p)] + " moved to stick " + StickName(p));
-}
-
 void Redraw(Table& t) {
     if (t.Front == nullptr || t.HyperDriveActive) return;
     t.Front->RedrawTable();
@@ -237,10 +223,7 @@ std::string AddPlayer(Table& t, int p, const std::string& name, currency buyIn) 
     }
     if (t.ActivePlayer == 0) t.ActivePlayer = p;
     t.GameChanged = true;
-    if (t.EventsLogOn) {
-        LogEvent(t, "    " + t.PlayerName[At(p)] + " joined the game at stick " + StickName(p) + " with $" +
-                        PlainAmount(buyIn));
-    }
+    LogJoined(t, p, buyIn);
     Redraw(t);
     return {};
 }
@@ -268,7 +251,7 @@ std::string RenamePlayer(Table& t, int p, const std::string& name) {
     const std::string old = t.PlayerName[At(p)];
     t.PlayerName[At(p)] = std::string(Trim(name));
     t.GameChanged = true;
-    if (t.EventsLogOn) LogEvent(t, "    " + old + "'s name changed to " + t.PlayerName[At(p)]);
+    LogRenamed(t, old, t.PlayerName[At(p)]);
     Redraw(t);
     return {};
 }
@@ -289,7 +272,7 @@ currency AbandonedBets(const Table& t, int p) {
 void RemovePlayer(Table& t, int p) {
     if (!IsSeated(t, p)) return;
     const currency abandoned = AbandonedBets(t, p);
-    if (t.EventsLogOn) LogEvent(t, CashOutLine(t, p, abandoned));
+    LogCashOut(t, p, abandoned);
     const bool logOn = std::exchange(t.EventsLogOn, false);  // the line above tells of the abandoned bets
     if (!IsZero(abandoned)) SettleAbandonedBets(t, p);
     t.EventsLogOn = logOn;
@@ -325,8 +308,8 @@ void MovePlayer(Table& t, int from, int to) {
         Follow(*position, from, to);
     }
     t.GameChanged = true;
-    LogMove(t, to);
-    LogMove(t, from);
+    LogMovedSeat(t, to, to);
+    if (IsSeated(t, from)) LogMovedSeat(t, from, from);
     Redraw(t);
 }
 

@@ -85,6 +85,8 @@ struct Screen {
     /// Asks what to do with a decided bet; returns the code of one of its choices.
     virtual int AskSettleBet(const SettleQuestion& question) = 0;
 
+    /// An amount being typed for a bet is placed now.
+    virtual void CommitAmountBox() {}
     virtual void DrawDiceThrow() {}
     virtual void RedrawTable() {}
     virtual void RedrawBet(int /*p*/, int /*row*/) {}

@@ -1,14 +1,10 @@
 #include "table/settlement.h"
 
-#include <string>
-
 #include "config/payoffs.h"
 #include "stats/accumulators.h"
 #include "stats/eventslog.h"
-#include "table/format.h"
 #include "table/handling.h"
 #include "table/placement.h"
-#include "table/screen.h"
 
 namespace tarnwick {
 
@@ -126,21 +122,6 @@ bool CannotStay(const Table& t, int p, int row) {
     return false;
 }
 
-void LogSettlement(Table& t, int p, int row, currency net) {
-    if (!t.RecordBetsWon && !t.RecordBetsLost) return;
-    const std::string_view heading = t.RecordBetsWon && t.RecordBetsLost ? "    Wins/losses:"
-                                     : t.RecordBetsWon                   ? "    Wins:"
-                                                                         : "    Losses:";
-    if (t.EventsLogHeading != heading) {
-        t.EventsLogHeading = heading;
-        LogEvent(t, heading);
-    }
-    const bool won = net > currency{};
-    if (IsZero(net) || !(won ? t.RecordBetsWon : t.RecordBetsLost)) return;
-    LogEvent(t, "      " + t.PlayerName[At(p)] + (won ? " won $" : " lost $") + PlainAmount(Abs(net)) + " on " +
-                    std::string(BetName(row)));
-}
-
 void CountStreak(Table& t, int p, int row, currency net) {
     std::int32_t& streak = t.BetStreak(p, row);
     if (net > currency{}) {
@@ -159,7 +140,7 @@ bool BookResult(Table& t, DecidedBet& bet, int outcome) {
     const currency net = bet.Result.NetResult;
     RecordBetResult(t, p, row, amount, net);
     if (IsComeNumber(row)) t.ComeFlatNow[At(p)][At(row - Row::Come4)] = currency{};
-    if (t.EventsLogOn) LogSettlement(t, p, row, net);
+    if (t.EventsLogOn) LogBetResult(t, p, row, net);
     if (IsZero(bet.Result.CurrentPayoff.Pays) && IsZero(net)) return false;
     if (!IsZero(net)) SetBankroll(t, p, t.Bankroll[At(p)] + net);
     t.EstablishedBet(p, row) = currency{};
