@@ -126,8 +126,10 @@ void SeedEverything(Table& t, std::uint64_t seed) {
     const auto small = static_cast<std::int32_t>(1 + (within - 1) % static_cast<std::uint64_t>(SeedLimit(2)));
     SeedGenerators(t, {.Rng3 = true}, small);
     const std::int32_t rng3State = t.Rng3State;
-    SeedGenerators(t, {.First = true, .Second = true, .Ran1 = true, .Ran2 = true}, static_cast<std::int32_t>(within));
+    SeedGenerators(t, {.First = true, .Ran1 = true, .Ran2 = true}, static_cast<std::int32_t>(within));
     t.Rng3State = rng3State;
+    // Numbers in a row must not give two equal runs, as srandMT would from 2n and 2n + 1.
+    srandMT(t.Rng.Second, 2 * static_cast<std::uint32_t>(within) + 1);
     SeedPrivate(t, seed);
 }
 

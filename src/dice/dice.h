@@ -19,7 +19,8 @@ bool SeedRNG(Table& t, SeedMode mode, bool mayAsk = true);
 constexpr std::int32_t SeedLimit(int rngIndex) { return rngIndex == 2 ? 999'999 : 2'147'483'647; }
 
 /// Seeds every generator, the private one too, from one number, so that a run is repeatable whole. RngIndex stays. A
-/// number 1..2147483647 seeds the dice just as SeedRNG would and becomes LastSeed; others are folded into that range.
+/// number 1..2147483647 becomes LastSeed and seeds the dice just as SeedRNG would, other numbers are folded into that
+/// range; only srandMT, which takes 2n and 2n + 1 for the same seed, gets 2n + 1 for n.
 void SeedEverything(Table& t, std::uint64_t seed);
 
 /// DrawDice for all but the plain draws of the Mersenne Twister.
