@@ -1,6 +1,8 @@
 // Settings by name, their defaults and their checks.
 #pragma once
 
+#include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -9,18 +11,26 @@
 
 namespace tarnwick {
 
-/// Every setting to the value of a program that has just started.
+/// Every setting to the value of a program that has just started: payoffs, colors and the come-out lists of all
+/// positions too. Units and reserved vigs follow; bets stay.
 void SetDefaultSettings(Table& t);
+/// Checks of 1, 5, 25, 100 and 500; units and reserved vigs follow.
 void RestoreDefaultDenominations(Table& t);
+/// The same behind its question; false when the user said no, or a player couldn't pay the vigs (who was told).
+bool AskRestoreDefaultDenominations(Table& t);
 
 /// Sets one setting by its name: `MinPlacardBet`, per-position ones as `AutoTakeFullOdds[3]`, arithmetic as
-/// `HandleAmount[p][slot]`, come-out states as `ComeOutWorking[p][row]`, payoffs as `Payoff[31]` with "9 to 5" or
-/// "10 for 5", `FieldPayoff[1]`. Names in any case. Returns what is wrong (unknown name, index, text, range, a check of
-/// the configuration), or nothing. A refused value leaves everything as it was. Bets that a switched-off option no
-/// longer offers are taken down; vigs follow.
+/// `HandleAmount[p][slot]` or `HandleAmount[p,slot]`, payoffs as `Payoff[31]` with "9 to 5" or "10 for 5",
+/// `FieldPayoff[1]`; the come-out list of one position as `ComeOutWorking[p][row]` and of all of them, the table's own
+/// too, as `ComeOutWorking[row]`; checks one by one or all as `CheckDenominations` "1,5,25,100,500". Names in any case.
+/// Truth values are true, yes, on, -1, 1 or false, no, off, 0; colors are hexadecimal, red in the low byte; a vig rate
+/// is a fraction or a percentage with its sign.
+/// Returns what is wrong (unknown name, index, text, range, a check of the configuration), or nothing. A refused value
+/// leaves everything as it was. Bets that a switched-off option no longer offers are taken down; units and vigs follow.
+/// A value within its own range is not refused for a fault of the configuration that was there before.
 std::string SetSetting(Table& t, std::string_view name, std::string_view value);
 
-/// The present value in the form that SetSetting reads; empty for an unknown name.
+/// The present value in the form that SetSetting reads; empty for an unknown name or a missing index.
 std::string SettingText(const Table& t, std::string_view name);
 
 /// Names of all settings in the order of the configuration window, arrays once each.
@@ -41,5 +51,28 @@ SettingFault CheckDenominationFault(const Table& t);
 SettingFault LimitFault(const Table& t);
 SettingFault RollRateFault(const Table& t);
 SettingFault PayoffFault(const Table& t);
+/// Why AllowNegativeBankroll of p 1..8 can't be switched off now: a bankroll below 0, or bets beyond it.
+SettingFault NegativeBankrollFault(const Table& t, int p);
+/// Why the bankroll settings can't be shown: nobody is at the table.
+SettingFault BankrollTabFault(const Table& t);
+
+/// Makes a change of payoffs, vig settings or checks with all that follows from it. When that reserves more vig for a
+/// player than his bankroll holds, and he may not go below 0, all is put back and the reason returned.
+std::string TryVigChange(Table& t, const std::function<void(Table&)>& change);
+/// The same, telling the user the reason; false when refused.
+bool ChangeSettings(Table& t, const std::function<void(Table&)>& change);
+
+/// Switches an optional bet (`UseBig68`, `UseFireBet`, `UseMidwayBet`, `UseSpecialPropBets`) on or off. While bets
+/// stand on it, switching off asks first; Yes takes them down past the rules for contract bets. True when the option is
+/// now as wanted; false for No and for another name.
+bool AskSwitchOption(Table& t, std::string_view option, bool on);
+
+/// Units of the simulated roll rate as listed: "Rolls / hr", "Rolls / min", "Rolls / sec", "Hrs / roll", "Mins / roll",
+/// "Secs / roll". Empty beyond 0..5.
+std::string_view RollRateUnitText(int unit);
+/// A rate typed in a unit, as rolls per hour; nothing for a reciprocal of 0.
+std::optional<currency> RollsPerHourFrom(currency typed, int unit);
+/// The rate in RollRateUnit, as shown: "<.0001" when it rounds to 0.
+std::string RollRateText(const Table& t);
 
 }  // namespace tarnwick

@@ -94,7 +94,7 @@ struct Settings {
     std::int32_t NotifyBits = 15;  ///< 1 refusals, 2 limits, 4 charges and change, 8 and 16 messages of scripts
     bool SnapMouse = true;
     std::array<std::int32_t, 3> PrintColors = {9, 12, 13};
-    std::int32_t CompRate = 30;
+    currency CompRate = Dollars(30);  ///< percent
 
     // Bankroll, by position
     std::array<std::int32_t, Positions> BankrollStartRule{};  ///< 0 stored amount, 1 ask, 2 carry forward
@@ -142,6 +142,8 @@ struct Settings {
     std::array<bool, Positions> AllowActProb{};
     std::array<bool, Positions> AllowAct4Others{};
     std::array<bool, Positions> AllowReset{};
+
+    bool operator==(const Settings&) const = default;
 };
 
 }  // namespace tarnwick
