@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "config/payoffs.h"
 #include "table/betrules.h"
 #include "table/format.h"
 #include "table/placement.h"
@@ -21,24 +22,6 @@ int BiasOf(const Table& t, int p, int row) {
     if (row == Row::PassLineOdds || IsComeOdds(row)) return t.DoBias[At(p)];
     if (row == Row::DontPassOdds || IsDontComeOdds(row)) return t.DontBias[At(p)];
     return Nearest;
-}
-
-/// The row whose payoff decides a bet on `row` as the point stands.
-int PayingRow(const Table& t, int row) {
-    const bool pointOn = IsPointNumber(t.Point);
-    const int index = pointOn ? PointIndex(t.Point) : 0;
-    switch (row) {
-        case Row::PassLine:
-            return pointOn ? Row::Come4 + index : Row::Come;
-        case Row::DontPass:
-            return pointOn ? Row::DontCome4 + index : Row::DontCome;
-        case Row::PassLineOdds:
-            return pointOn ? Row::Come4Odds + index : row;
-        case Row::DontPassOdds:
-            return pointOn ? Row::DontCome4Odds + index : row;
-        default:
-            return row;
-    }
 }
 
 void AddSentence(std::string& text, const std::string& sentence) {
@@ -66,13 +49,11 @@ class Adjustment {
             FindNeighbours();
         }
         if (OverMax() && UnderMin()) {
-            FitNone();
-            return;
+            Asked.Delta = HoldContract(FitNone());
+        } else {
+            Asked.Delta = HoldContract(KeepLimits(Chosen()));
+            TellLimits();
         }
-        currency x = KeepLimits(Chosen());
-        if (IsContract(T, BetRow)) x = std::max(x, Established() - Bet);
-        TellLimits(x);
-        Asked.Delta = x;
     }
 
   private:
@@ -100,13 +81,15 @@ class Adjustment {
     }
 
     void FindNeighbours() {
-        currency unit = AdjustUnit(T, BetRow);
+        // A larger unit than any bet says no more than this one, and sums with it stay in range.
+        constexpr currency enough = BankrollLimit * 10'000;
+        currency unit = std::min(AdjustUnit(T, BetRow), enough);
         if (Mode == ColorCorrection) unit = ColorUnit(unit);
         High = Low = Asked.Delta;
         const currency total = Bet + Asked.Delta;
         if (IsMultipleOf(total, unit)) return;
         Low = FloorTo(total, unit) - Bet;
-        High = SaturatedSum(Low, unit);
+        High = Low + unit;
     }
 
     currency Chosen() const {
@@ -150,24 +133,26 @@ class Adjustment {
     }
 
     /// No multiple lies within the limits.
-    void FitNone() {
+    currency FitNone() const {
         if (Asked.Delta < currency{}) {
-            Asked.Delta = -Bet;
             if (Asked.Text != nullptr) Asked.Text->clear();
-            return;
+            return -Bet;
         }
-        Asked.Delta = std::max(currency{}, Asked.MaxBet - Bet);
         if (Asked.Text != nullptr) AddSentence(*Asked.Text, "Unable to auto-adjust bet for proper odds payoff.");
+        return std::max(currency{}, Asked.MaxBet - Bet);
     }
 
-    void TellLimits(currency x) const {
+    /// No multiple is worth a contract: what the dice have established stays.
+    currency HoldContract(currency x) const { return IsContract(T, BetRow) ? std::max(x, Established() - Bet) : x; }
+
+    void TellLimits() const {
         if (Asked.Text == nullptr) return;
         std::string& text = *Asked.Text;
-        const std::string amount = FormatCommas(Bet + x);
+        const std::string amount = FormatCommas(Bet + Asked.Delta);
         if (OverMax() || Mentions(text, "maximum")) {
             AddSentence(text, "Maximum bet for proper odds payoff is: $" + amount);
         }
-        if (Mentions(text, "minimum") && x != -Bet) {
+        if (Mentions(text, "minimum") && Asked.Delta != -Bet) {
             AddSentence(text, "Minimum bet for proper odds payoff is: $" + amount);
         }
     }
@@ -176,7 +161,7 @@ class Adjustment {
 }  // namespace
 
 currency AdjustUnit(const Table& t, int row) {
-    const currency unit = t.Payoff[static_cast<std::size_t>(PayingRow(t, row))].Unit;
+    const currency unit = PayoffOf(t, row).Unit;
     return unit > currency{} ? unit : SmallestCheck(t);
 }
 
