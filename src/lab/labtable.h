@@ -1,0 +1,32 @@
+// Tables of the laboratory: set up from options, seeded from one number.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "lab/commandline.h"
+#include "table/screen.h"
+
+namespace tarnwick::lab {
+
+/// Seed of session `number` (from 1) of a run with seed `seed`: the first session takes the seed itself, the others
+/// numbers spread from it by SplitMix64.
+std::uint64_t SessionSeed(std::uint64_t seed, std::uint64_t number);
+
+/// A seed from the clock, short enough to be typed.
+std::uint64_t ClockSeed();
+
+/// A millisecond counter that wraps at 32 bits.
+std::uint32_t MillisecondClock();
+
+/// Selects RNG #1 to #8.
+void SelectRng(Table& t, int number);
+
+/// Changes settings in the order given; returns the first refusal, with the setting's name, or nothing.
+std::string ApplySettings(Table& t, const std::vector<SettingOption>& settings);
+
+/// Opens an existing dice roll file for playback from its first roll; returns what is wrong, or nothing.
+std::string PlayDiceFile(Table& t, const std::string& path);
+
+}  // namespace tarnwick::lab

@@ -1,0 +1,137 @@
+// tarnwick-lab: the table without a screen. Exit statuses: 0 all went well, 1 a command of the console failed, 2 the
+// command line or what it names can't be used, 130 interrupted.
+#include <CLI/CLI.hpp>
+#include <cstdio>
+#include <limits>
+
+#include "lab/console.h"
+#include "lab/labtable.h"
+#include "lab/run.h"
+#include "table/crapcnst.h"
+
+namespace tarnwick::lab {
+
+namespace {
+
+constexpr int BadUsage = 2;
+
+/// Texts of the command line, before they are read.
+struct RawOptions {
+    std::string Game;
+    std::vector<std::string> Players, Bets, Settings;
+    std::string Rolls = "1000", Sessions = "1", Seed, Rng, Jobs;
+    std::string Format = "text";
+    std::string DiceFile;
+    bool Rebet = false;
+    bool Json = false;
+};
+
+/// Reads each text with `read` into `out`; false with a message at the first that is wrong.
+template <class T, class Read>
+bool ReadAll(const std::vector<std::string>& texts, const char* option, Read read, std::vector<T>& out) {
+    for (const std::string& text : texts) {
+        auto parsed = read(text);
+        if (!parsed) {
+            std::fprintf(stderr, "tarnwick-lab: %s: %s\n", option, parsed.Fault.c_str());
+            return false;
+        }
+        out.push_back(std::move(parsed.Value));
+    }
+    return true;
+}
+
+/// Reads a number, if one was given, into `out`.
+template <class Int>
+bool ReadNumber(const std::string& text, const char* option, std::uint64_t lowest, std::uint64_t highest, Int& out) {
+    if (text.empty()) return true;
+    std::vector<std::uint64_t> values;
+    const auto read = [&](const std::string& digits) { return ParseCount(digits, lowest, highest); };
+    if (!ReadAll({text}, option, read, values)) return false;
+    out = static_cast<Int>(values[0]);
+    return true;
+}
+
+constexpr std::uint64_t AnySeed = std::numeric_limits<std::uint64_t>::max();
+
+int StartRun(const RawOptions& raw) {
+    if (!raw.Game.empty()) {
+        std::fprintf(stderr,
+                     "tarnwick-lab run: %s: game files can't be read yet; describe the table with --player and --set\n",
+                     raw.Game.c_str());
+        return BadUsage;
+    }
+    RunOptions options;
+    options.Seed = ClockSeed();
+    options.Rebet = raw.Rebet;
+    options.DiceFile = raw.DiceFile;
+    options.Json = raw.Format == "json";
+    const bool good = ReadAll(raw.Players, "--player", ParsePlayerOption, options.Players) &&
+                      ReadAll(raw.Bets, "--bet", ParseBetOption, options.Bets) &&
+                      ReadAll(raw.Settings, "--set", ParseSettingOption, options.Settings) &&
+                      ReadNumber(raw.Rolls, "--rolls", 1, MaxSessionRolls, options.Rolls) &&
+                      ReadNumber(raw.Sessions, "--sessions", 1, 1'000'000'000, options.Sessions) &&
+                      ReadNumber(raw.Seed, "--seed", 0, AnySeed, options.Seed) &&
+                      ReadNumber(raw.Rng, "--rng", 1, 8, options.Rng) &&
+                      ReadNumber(raw.Jobs, "--jobs", 1, 1024, options.Jobs);
+    return good ? Run(options) : BadUsage;
+}
+
+int StartConsole(const RawOptions& raw) {
+    ConsoleOptions options;
+    options.Json = raw.Json;
+    std::uint64_t seed = 0;
+    const bool good = ReadAll(raw.Settings, "--set", ParseSettingOption, options.Settings) &&
+                      ReadNumber(raw.Seed, "--seed", 0, AnySeed, seed) &&
+                      ReadNumber(raw.Rng, "--rng", 1, 8, options.Rng);
+    if (!raw.Seed.empty()) options.Seed = seed;
+    return good ? RunConsole(options) : BadUsage;
+}
+
+void AddShared(CLI::App& command, RawOptions& raw) {
+    const auto one = [](CLI::Option* option) { option->allow_extra_args(false); };
+    one(command.add_option("--set", raw.Settings, "A setting, such as MaxPlacardBet=5000 or WinnerHandling[1]=2")
+            ->type_name("NAME=VALUE"));
+    command.add_option("--seed", raw.Seed, "Seed of the dice; without it the clock gives one")->type_name("S");
+    command.add_option("--rng", raw.Rng, "Random number generator 1 to 8; 2 if left out")->type_name("K");
+}
+
+void AddRun(CLI::App& command, RawOptions& raw) {
+    command.add_option("game", raw.Game, "Game file to start from")->type_name("GAME.crp");
+    command.add_option("--player", raw.Players, "Seats a player; repeat it for more")
+        ->type_name("P:NAME:BUYIN")
+        ->allow_extra_args(false);
+    command.add_option("--bet", raw.Bets, "A bet as soon as the rules allow it; ROW is a number or a bet's name")
+        ->type_name("P:ROW:AMOUNT")
+        ->allow_extra_args(false);
+    command.add_flag("--rebet", raw.Rebet, "Makes each --bet again whenever it is down");
+    command.add_option("--rolls", raw.Rolls, "Rolls of a session, 1 to 100000000; 1000 if left out")->type_name("N");
+    command.add_option("--sessions", raw.Sessions, "Sessions, each from the same start")->type_name("M");
+    command.add_option("--dice-file", raw.DiceFile, "Plays the rolls of a dice roll file")->type_name("F.rol");
+    command.add_option("--jobs", raw.Jobs, "Threads; as many as the machine has if left out")->type_name("J");
+    command.add_option("--format", raw.Format, "text or json")->check(CLI::IsMember({"text", "json"}));
+    AddShared(command, raw);
+}
+
+}  // namespace
+
+int Main(int argc, char** argv) {
+    RawOptions raw;
+    CLI::App app("Tarnwick's laboratory: craps sessions without a screen", "tarnwick-lab");
+    app.set_version_flag("--version", "tarnwick-lab " TARNWICK_VERSION);
+    app.require_subcommand(1);
+    CLI::App* run = app.add_subcommand("run", "Plays sessions unattended and sums them up");
+    AddRun(*run, raw);
+    CLI::App* console = app.add_subcommand("console", "The table as text: one command a line, from a terminal or a pipe");
+    console->add_flag("--json", raw.Json, "Prints one JSON object a line");
+    AddShared(*console, raw);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error) == 0 ? 0 : BadUsage;
+    }
+    return run->parsed() ? StartRun(raw) : StartConsole(raw);
+}
+
+}  // namespace tarnwick::lab
+
+int main(int argc, char** argv) { return tarnwick::lab::Main(argc, argv); }

@@ -1,0 +1,196 @@
+#include "lab/run.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <condition_variable>
+#include <cstdio>
+#include <memory>
+#include <mutex>
+#include <thread>
+
+#include "dice/dice.h"
+#include "lab/interrupt.h"
+#include "lab/labtable.h"
+#include "lab/runscreen.h"
+#include "lab/runsummary.h"
+#include "stats/accumulators.h"
+#include "table/format.h"
+#include "table/messages.h"
+#include "table/placement.h"
+#include "table/players.h"
+#include "table/rundriver.h"
+#include "table/session.h"
+
+namespace tarnwick::lab {
+
+namespace {
+
+/// What every session starts from, and what the threads share.
+struct Plan {
+    explicit Plan(const RunOptions& options) : Options(options) {}
+
+    const RunOptions& Options;
+    std::unique_ptr<Table> Start = std::make_unique<Table>();
+    std::vector<BetOrder> Orders;
+    std::atomic<std::uint64_t> NextSession{1};
+    std::atomic<std::uint64_t> RollsPlayed{0};
+};
+
+std::string SeatPlayers(Table& t, const RunOptions& options) {
+    for (const PlayerOption& player : options.Players) {
+        if (IsSeated(t, player.Position)) return "position " + std::to_string(player.Position) + " is taken twice";
+        const std::string fault = AddPlayer(t, player.Position, player.Name, player.BuyIn);
+        if (!fault.empty()) return fault;
+    }
+    return {};
+}
+
+/// The orders of --bet; those that the rules allow at the start are put up, a bent one is told.
+std::string PlaceFirstBets(Plan& plan) {
+    Table& t = *plan.Start;
+    const std::int32_t notifyBits = t.NotifyBits;
+    t.NotifyBits = 0;
+    for (const BetOption& bet : plan.Options.Bets) {
+        const auto p = static_cast<std::size_t>(bet.Position);
+        if (!IsSeated(t, bet.Position)) return "nobody stands at position " + std::to_string(bet.Position);
+        BetOrder order{bet.Position, bet.BetRow, bet.Amount, plan.Options.Rebet};
+        const currency placed = PlaceBet(t, bet.Position, bet.BetRow, bet.Amount).Delta;
+        if (!IsZero(placed)) order.Placed = true;
+        if (!IsZero(placed) && placed != bet.Amount) {
+            std::fprintf(stderr, "tarnwick-lab: %s's bet on %s is $%s, not $%s\n", t.PlayerName[p].c_str(),
+                         BetTitle(bet.BetRow).c_str(), PlainAmount(placed).c_str(), PlainAmount(bet.Amount).c_str());
+        }
+        if (!order.Placed || order.Again) plan.Orders.push_back(order);
+    }
+    t.NotifyBits = notifyBits;
+    return {};
+}
+
+std::string Prepare(Plan& plan, RunScreen& screen) {
+    Table& t = *plan.Start;
+    SubMain(t, &screen);
+    if (plan.Options.Rng > 0) SelectRng(t, plan.Options.Rng);
+    std::string fault = SeatPlayers(t, plan.Options);
+    if (fault.empty()) fault = ApplySettings(t, plan.Options.Settings);
+    if (fault.empty()) fault = PlaceFirstBets(plan);
+    if (fault.empty() && !plan.Options.DiceFile.empty()) fault = PlayDiceFile(t, plan.Options.DiceFile);
+    return fault;
+}
+
+/// Plays sessions until none is left, all on one table.
+RunSummary PlaySessions(Plan& plan) {
+    RunSummary summary;
+    const auto table = std::make_unique<Table>();
+    while (!Interrupted()) {
+        const std::uint64_t number = plan.NextSession.fetch_add(1);
+        if (number > plan.Options.Sessions) break;
+        Table& t = *table;
+        t = *plan.Start;
+        SeedEverything(t, SessionSeed(plan.Options.Seed, number));
+        RunScreen screen(t, static_cast<std::int64_t>(plan.Options.Rolls), plan.Orders, &plan.RollsPlayed);
+        t.HyperThrottle = 0;
+        t.HyperDriveActive = t.AutoRollActive = false;
+        ToggleAutoRoll(t);
+        summary.AddSession(t, screen.StopReason().empty() ? "Stopped." : screen.StopReason());
+    }
+    return summary;
+}
+
+void ShowProgress(std::uint64_t rolls, std::uint64_t wanted, double seconds) {
+    const double speed = seconds > 0 ? static_cast<double>(rolls) / seconds : 0;
+    const double left = speed > 0 ? static_cast<double>(wanted - std::min(rolls, wanted)) / speed : 0;
+    const auto whole = static_cast<std::int64_t>(left + 0.5);
+    std::fprintf(stderr, "\r\033[K%s of %s rolls, %s a second, %lld:%02lld left",
+                 FormatPattern(static_cast<double>(rolls), "#,#;;0").c_str(),
+                 FormatPattern(static_cast<double>(wanted), "#,#;;0").c_str(), FormatPattern(speed, "#,#;;0").c_str(),
+                 static_cast<long long>(whole / 60), static_cast<long long>(whole % 60));
+    std::fflush(stderr);
+}
+
+/// Lets `jobs` threads play; meanwhile shows the progress on a terminal.
+RunSummary PlayOnThreads(Plan& plan, std::size_t jobs) {
+    std::vector<RunSummary> parts(jobs);
+    std::mutex mutex;
+    std::condition_variable finished;
+    std::size_t running = jobs;
+    std::vector<std::thread> threads;
+    for (RunSummary& part : parts) {
+        threads.emplace_back([&] {
+            part = PlaySessions(plan);
+            const std::lock_guard lock(mutex);
+            --running;
+            finished.notify_one();
+        });
+    }
+    if (isatty(STDERR_FILENO)) {
+        const auto start = std::chrono::steady_clock::now();
+        const std::uint64_t wanted = plan.Options.Rolls * plan.Options.Sessions;
+        std::unique_lock lock(mutex);
+        while (!finished.wait_for(lock, std::chrono::milliseconds(250), [&] { return running == 0; })) {
+            const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - start;
+            ShowProgress(plan.RollsPlayed, wanted, passed.count());
+        }
+        std::fputs("\r\033[K", stderr);
+    }
+    RunSummary summary;
+    for (std::size_t i = 0; i < jobs; ++i) {
+        threads[i].join();
+        summary.Merge(parts[i]);
+    }
+    return summary;
+}
+
+std::size_t JobsToUse(const RunOptions& options) {
+    const unsigned machine = std::max(1u, std::thread::hardware_concurrency());
+    const auto wanted = static_cast<std::uint64_t>(options.Jobs > 0 ? static_cast<unsigned>(options.Jobs) : machine);
+    return static_cast<std::size_t>(std::min(wanted, options.Sessions));
+}
+
+}  // namespace
+
+std::string RunCommand(const RunOptions& options) {
+    std::string command = "tarnwick-lab run";
+    const auto add = [&](const char* name, const std::string& value) {
+        command += std::string(" ") + name + " " + ShellQuoted(value);
+    };
+    if (options.Rng > 0) add("--rng", std::to_string(options.Rng));
+    add("--seed", std::to_string(options.Seed));
+    add("--rolls", std::to_string(options.Rolls));
+    if (options.Sessions > 1) add("--sessions", std::to_string(options.Sessions));
+    if (!options.DiceFile.empty()) add("--dice-file", options.DiceFile);
+    for (const PlayerOption& player : options.Players) {
+        add("--player", std::to_string(player.Position) + ":" + player.Name + ":" + PlainAmount(player.BuyIn));
+    }
+    for (const SettingOption& setting : options.Settings) add("--set", setting.Name + "=" + setting.Value);
+    for (const BetOption& bet : options.Bets) {
+        add("--bet", std::to_string(bet.Position) + ":" + std::to_string(bet.BetRow) + ":" + PlainAmount(bet.Amount));
+    }
+    if (options.Rebet) command += " --rebet";
+    if (options.Json) add("--format", "json");
+    return command;
+}
+
+int Run(const RunOptions& options) {
+    Plan plan(options);
+    RunScreen setupScreen(*plan.Start, 0, {}, nullptr);
+    const std::string fault = Prepare(plan, setupScreen);
+    if (!fault.empty()) {
+        std::fprintf(stderr, "tarnwick-lab run: %s\n", fault.c_str());
+        return 2;
+    }
+    CatchInterrupts();
+    const auto start = std::chrono::steady_clock::now();
+    const RunSummary summary = PlayOnThreads(plan, JobsToUse(options));
+    const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - start;
+
+    const RunReport report{RunCommand(options), options.Seed, plan.Start->RngIndex + 1, passed.count()};
+    const std::string text = options.Json ? SummaryJson(summary, report) : SummaryText(summary, report);
+    std::fputs(text.c_str(), stdout);
+    std::fflush(stdout);
+    return Interrupted() ? 130 : 0;
+}
+
+}  // namespace tarnwick::lab
