@@ -344,9 +344,9 @@ std::string DoLog(Console& c, Arguments& a) {
     if (!a.Ok()) return a.Fault;
     Table& t = c.T;
     if (on) {
-        for (bool* flag : {&t.RecordRolls, &t.RecordBetChanges, &t.RecordBetsWon, &t.RecordBetsLost,
-                           &t.RecordCheckStackChanges, &t.RecordPassesMisses, &t.RecordShooterChanges,
-                           &t.RecordBankrollChanges}) {
+        for (bool* flag :
+             {&t.RecordRolls, &t.RecordBetChanges, &t.RecordBetsWon, &t.RecordBetsLost, &t.RecordCheckStackChanges,
+              &t.RecordPassesMisses, &t.RecordShooterChanges, &t.RecordBankrollChanges}) {
             *flag = true;
         }
     }
@@ -396,7 +396,8 @@ std::string DoNew(Console& c, Arguments& a) {
 
 // --- reports ---
 
-std::string Report(Console& c, const std::function<void(JsonWriter&)>& write, const std::function<std::string()>& text) {
+std::string Report(Console& c, const std::function<void(JsonWriter&)>& write,
+                   const std::function<std::string()>& text) {
     if (c.Out.WritesJson()) {
         JsonWriter json;
         write(json);
@@ -458,11 +459,11 @@ constexpr Command Commands[] = {
     {"answer", "answer VALUE", "queues the answer to the next question", 1, Endless, DoAnswer},
     {"log", "log on|off", "prints the lines of the Events Log", 1, 1, DoLog},
     {"set", "set NAME VALUE", "changes a setting", 1, Endless, DoSet},
-    {"new",
-     "new [preserve-data] [preserve-checkstacks] [preserve-logs] [retain-dice-file continue|rewind]",
+    {"new", "new [preserve-data] [preserve-checkstacks] [preserve-logs] [retain-dice-file continue|rewind]",
      "starts another session", 0, 5, DoNew},
     {"state", "state", "the table and its bets", 0, 0, DoState},
-    {"stats", "stats P SCOPE", "bets and bankroll in a scope: hand, last-hand, session, last-session, all", 2, 2, DoStats},
+    {"stats", "stats P SCOPE", "bets and bankroll in a scope: hand, last-hand, session, last-session, all", 2, 2,
+     DoStats},
     {"rolls", "rolls P SCOPE", "rolls and points in a scope; P 0 is the table", 2, 2, DoRolls},
     {"settings", "settings", "every setting", 0, 0, DoSettings},
     {"help", "help", "this list", 0, 0, DoHelp},

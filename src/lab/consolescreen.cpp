@@ -167,8 +167,8 @@ void ConsoleScreen::WaitEvents(int milliseconds) {
     const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(milliseconds);
     PumpEvents();
     while (T.AutoRollActive && std::chrono::steady_clock::now() < end) {
-        std::this_thread::sleep_for(std::min<std::chrono::nanoseconds>(std::chrono::milliseconds(20),
-                                                                       end - std::chrono::steady_clock::now()));
+        std::this_thread::sleep_for(
+            std::min<std::chrono::nanoseconds>(std::chrono::milliseconds(20), end - std::chrono::steady_clock::now()));
         PumpEvents();
     }
 }

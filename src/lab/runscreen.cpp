@@ -47,8 +47,8 @@ RunScreen::~RunScreen() {
 Answer RunScreen::Show(const Message& message) {
     if (Reason.empty()) Reason = OneLine(message.Text);
     Answer answer;
-    for (const auto& [button, result] : {std::pair{MsgButton::No, MsgAnswer::No},
-                                         std::pair{MsgButton::Cancel, MsgAnswer::Cancel}}) {
+    for (const auto& [button, result] :
+         {std::pair{MsgButton::No, MsgAnswer::No}, std::pair{MsgButton::Cancel, MsgAnswer::Cancel}}) {
         if ((message.Buttons & button) != 0) answer.Result = result;
     }
     return answer;
