@@ -27,7 +27,8 @@ struct BenchTable {
 
     /// Seats a player rich enough to lose for the whole session; bets stay up by standing orders.
     void Seat(int p) {
-        AddPlayer(T, p, "Player" + std::string(1, static_cast<char>('A' + p)), Dollars(5'000'000));
+        constexpr const char* names[] = {"House", "Ann", "Bob", "Cleo", "Dan", "Eve", "Finn", "Gus", "Hal"};
+        AddPlayer(T, p, names[p], Dollars(5'000'000));
         T.WinnerHandling[static_cast<std::size_t>(p)] = T.LoserHandling[static_cast<std::size_t>(p)] = 2;
     }
 
