@@ -11,6 +11,7 @@
 #include "dice/dicefile.h"
 #include "lab/consolereports.h"
 #include "lab/labtable.h"
+#include "lab/rollhost.h"
 #include "lab/texttable.h"
 #include "stats/accumulators.h"
 #include "stats/eventslog.h"
@@ -280,11 +281,12 @@ void RollByItself(Console& c, std::uint64_t rolls, int throttle) {
     const RollTeller teller(c);
     const std::int32_t userThrottle = c.T.HyperThrottle;
     c.Screen.LastStopReason.clear();
-    c.Screen.StopRunAt(SessionRolls(c.T) + static_cast<std::int64_t>(rolls));
     c.T.HyperThrottle = throttle;
-    ToggleAutoRoll(c.T);
+    {
+        const StopAtRolls stop(c.T, SessionRolls(c.T) + static_cast<std::int64_t>(rolls));
+        ToggleAutoRoll(c.T);
+    }
     c.T.HyperThrottle = userThrottle;
-    c.Screen.StopRunAt(0);
     teller.Tell();
 }
 
@@ -389,8 +391,8 @@ std::string DoNew(Console& c, Arguments& a) {
     c.Screen.LastStopReason.clear();
     NewSession(c.T, options);
     ++c.SessionNumber;
-    // A new session seeds from the clock; here it must be repeatable.
-    if (c.T.ReSeedNewSessions) SeedEverything(c.T, SessionSeed(c.Seed, c.SessionNumber));
+    // A new session seeds from the clock; here it must be repeatable, unless the user is asked for the seed.
+    if (c.T.ReSeedNewSessions && !c.T.UserSeedOn) SeedEverything(c.T, SessionSeed(c.Seed, c.SessionNumber));
     return {};
 }
 

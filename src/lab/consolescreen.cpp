@@ -7,7 +7,6 @@
 
 #include "lab/interrupt.h"
 #include "lab/labtable.h"
-#include "stats/accumulators.h"
 #include "table/format.h"
 #include "table/rundriver.h"
 
@@ -158,8 +157,7 @@ void ConsoleScreen::EventLogged(std::string_view line) {
 }
 
 void ConsoleScreen::PumpEvents() {
-    if (!T.AutoRollActive) return;
-    if (Interrupted() || (StopAt > 0 && SessionRolls(T) >= StopAt)) StopAutoRoll(T);
+    if (T.AutoRollActive && Interrupted()) StopAutoRoll(T);
 }
 
 void ConsoleScreen::WaitEvents(int milliseconds) {

@@ -29,9 +29,6 @@ class ConsoleScreen : public Screen {
     std::optional<Answer> WhenNotAsked;  ///< taken at the next question in a pipe instead of its default answer
     std::string LastStopReason;          ///< of the last run, as it was shown
 
-    /// A run stops when the session has `rolls` rolls; 0: it goes on.
-    void StopRunAt(std::int64_t rolls) { StopAt = rolls; }
-
     Answer Show(const Message& message) override;
     int AskSettleBet(const SettleQuestion& question) override;
     void EventLogged(std::string_view line) override;
@@ -48,7 +45,6 @@ class ConsoleScreen : public Screen {
     Table& T;
     LineSource& Lines;
     Printer& Out;
-    std::int64_t StopAt = 0;
 };
 
 }  // namespace tarnwick::lab
