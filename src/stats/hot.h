@@ -136,6 +136,7 @@ inline void SetBankroll(Table& t, int p, currency amount) {
     t.Bankroll[at + 18] = amount;
     t.Bankroll[at + 36] = amount;
     t.BankrollsToSample |= 1u << p;
+    TouchSeat(t, p);
 }
 
 inline void TallyBankrolls(Table& t) {

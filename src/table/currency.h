@@ -65,17 +65,23 @@ constexpr currency SaturatedSum(currency a, currency b) {
 
 /// Exact `a * b / c`, halves to the even ten-thousandth, held at the ends of the range. `c` must not be 0.
 constexpr currency MultiplyDivide(currency a, currency b, currency c) {
+    if (b == c) return a;  // even money, the commonest payoff
+    if (b == -c) return -a;
     return {Saturate(HalfEvenDivide(static_cast<int128>(a.TenThousandths) * b.TenThousandths, c.TenThousandths))};
 }
 
 /// Exact product of two amounts, one of them a factor such as a rate; halves to the even ten-thousandth.
 constexpr currency MultiplyBy(currency a, currency factor) { return MultiplyDivide(a, factor, Dollars(1)); }
 
-/// Whether `a` is a whole multiple of `unit` (above 0).
-constexpr bool IsMultipleOf(currency a, currency unit) { return a.TenThousandths % unit.TenThousandths == 0; }
+/// Whether `a` is a whole multiple of `unit` (above 0). Here and below the commonest unit, 1, divides by a constant.
+constexpr bool IsMultipleOf(currency a, currency unit) {
+    if (unit.TenThousandths == CurrencyScale) return a.TenThousandths % CurrencyScale == 0;
+    return a.TenThousandths % unit.TenThousandths == 0;
+}
 
 /// `a` rounded toward minus infinity to a whole multiple of `unit` (above 0).
 constexpr currency FloorTo(currency a, currency unit) {
+    if (unit.TenThousandths == CurrencyScale) return Dollars(FloorDivide(a.TenThousandths, CurrencyScale));
     return unit * FloorDivide(a.TenThousandths, unit.TenThousandths);
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 
+#include "config/payoffs.h"
 #include "table/format.h"
 #include "table/messages.h"
 #include "table/placement.h"
@@ -14,8 +15,11 @@ namespace {
 
 std::size_t At(int i) { return static_cast<std::size_t>(i); }
 
-// Slots of the arithmetic beside a handling.
-constexpr int WinnersSameSlot = 4, LosersSameSlot = 5, WinnersBetSlot = 6, LosersBetSlot = 7;
+/// Slots of the arithmetic beside a handling: the dialog has its own beside those of the standing orders.
+struct Slots {
+    int Same, Bet;
+};
+constexpr Slots WinnersOrders = {4, 6}, LosersOrders = {5, 7}, WinnersDialog = {0, 1}, LosersDialog = {2, 3};
 
 constexpr std::array<std::string_view, 4> OperatorWords = {"plus", "minus", "times", "divided by"};
 
@@ -55,7 +59,7 @@ currency SlotAmount(const Table& t, const DecidedBet& bet, int slot) {
     const int unit = t.HandleUnit[p][s];
     if (unit == 0) return amount;
     if (unit == 1) return MultiplyDivide(amount, OldBet(t, bet), Dollars(100));
-    return MultiplyBy(MultiplyBy(amount, t.CheckDenominations[At(unit - 1)]), t.Payoff[At(bet.BetRow)].For);
+    return MultiplyBy(MultiplyBy(amount, t.CheckDenominations[At(unit - 1)]), PayoffOf(t, bet.BetRow).For);
 }
 
 /// The factor of a slot for multiplying and dividing: percents are hundredths.
@@ -119,7 +123,7 @@ int CodeOf(Table& t, const DecidedBet& bet, int standing) {
     return t.HyperDriveActive ? 1 : AskCode(t, bet);
 }
 
-void ActOnWinnersCode(Table& t, const DecidedBet& bet, int code) {
+void ActOnWinnersCode(Table& t, const DecidedBet& bet, int code, const Slots& slots) {
     if (bet.MustTakeDown) code = 1;
     switch (code) {
         case 2:
@@ -131,15 +135,15 @@ void ActOnWinnersCode(Table& t, const DecidedBet& bet, int code) {
         case 5:
             return Parlay(t, bet);
         case 6:
-            return SameBetModified(t, bet, WinnersSameSlot);
+            return SameBetModified(t, bet, slots.Same);
         case 7:
-            return BetExactly(t, bet, WinnersBetSlot);
+            return BetExactly(t, bet, slots.Bet);
         default:
             return TakeBetDown(t, bet);
     }
 }
 
-void ActOnLosersCode(Table& t, const DecidedBet& bet, int code) {
+void ActOnLosersCode(Table& t, const DecidedBet& bet, int code, const Slots& slots) {
     if (bet.MustTakeDown) code = 1;
     switch (code) {
         case 2:
@@ -151,9 +155,9 @@ void ActOnLosersCode(Table& t, const DecidedBet& bet, int code) {
         case 5:
             return PressDouble(t, bet);
         case 6:
-            return SameBetModified(t, bet, LosersSameSlot);
+            return SameBetModified(t, bet, slots.Same);
         case 7:
-            return BetExactly(t, bet, LosersBetSlot);
+            return BetExactly(t, bet, slots.Bet);
         default:
             return TakeBetDown(t, bet);
     }
@@ -187,7 +191,7 @@ void HandleWinner(Table& t, DecidedBet& bet) {
     // The dialog shows the vig that the bet paid, so it is asked before the cell is cleared.
     const int code = CodeOf(t, bet, standing);
     bet.Result.NetResult += ReleaseVig(t, bet);
-    ActOnWinnersCode(t, bet, code);
+    ActOnWinnersCode(t, bet, code, standing == 0 ? WinnersDialog : WinnersOrders);
 }
 
 void HandleLoser(Table& t, DecidedBet& bet) {
@@ -195,7 +199,7 @@ void HandleLoser(Table& t, DecidedBet& bet) {
     const bool nothingStood = IsZero(OldBet(t, bet));
     const int code = standing == 0 && nothingStood ? 1 : CodeOf(t, bet, standing);
     ReleaseVig(t, bet);
-    ActOnLosersCode(t, bet, code);
+    ActOnLosersCode(t, bet, code, standing == 0 ? LosersDialog : LosersOrders);
 }
 
 void HandleReturnedBet(Table& t, DecidedBet& bet) {
@@ -210,12 +214,12 @@ void HandleReturnedBet(Table& t, DecidedBet& bet) {
     if (standing == 0 && !t.HyperDriveActive) {
         const int code = AskCode(t, bet);
         if (code == ReturnedMaxOdds && !bet.MustTakeDown) return MaxOutBet(t, p, row);
-        return ActOnWinnersCode(t, bet, code);
+        return ActOnWinnersCode(t, bet, code, WinnersDialog);
     }
     if (asWinner) {
-        ActOnWinnersCode(t, bet, standing);
+        ActOnWinnersCode(t, bet, standing, WinnersOrders);
     } else {
-        ActOnLosersCode(t, bet, standing);
+        ActOnLosersCode(t, bet, standing, LosersOrders);
     }
 }
 

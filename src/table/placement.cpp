@@ -39,7 +39,7 @@ class Request {
 
     BetChange Run() {
         if (Delta > currency{} && !Increase()) return {};
-        HoldContract();
+        if (!HoldContract()) return {};
         HoldMinimum();
         HoldMaximum();
         Adjust();
@@ -79,12 +79,13 @@ class Request {
         return !IsZero(Delta);
     }
 
-    /// Contract bets never fall below what the dice have established.
-    void HoldContract() {
-        if (!IsContract(T, BetRow) || Total() >= Established()) return;
+    /// Contract bets never fall below what the dice have established. False when nothing is left of the change.
+    bool HoldContract() {
+        if (!IsContract(T, BetRow) || Total() >= Established()) return true;
         if (Tells(1))
             Tell(ContractRefusal(BetRow, Delta, Bet, Established()), MsgButton::Stop | MsgButton::HideRefusals);
         Delta = Established() - Bet;
+        return !IsZero(Delta);
     }
 
     bool AtContract() const { return IsContract(T, BetRow) && !IsZero(Established()) && Total() <= Established(); }
@@ -182,6 +183,7 @@ class Request {
         const currency before = cell;
         if (vig == before) return;
         cell = vig;
+        TouchSeat(T, P);
         if (upFront) T.BetsOnTable[At(P)] += vig - before;
         if (Tells(4)) TellVig(before, vig, upFront);
     }
@@ -417,6 +419,7 @@ void RecomputeVigs(Table& t) {
             t.LayVigCharged[At(p)][At(i)] = LayVig(t, Row::Lay4 + i, t.BetAmount(p, Row::Lay4 + i));
         }
         t.BetsOnTable[At(p)] = BetsOnTableOf(t, p);
+        TouchSeat(t, p);
     }
 }
 
