@@ -347,6 +347,11 @@ void MoveContractBet(Table& t, int p, int fromRow, int toRow) {
 
 void ResetBetWorking(Table& t, int p, int row) {
     if (row > Row::LastBet) return;
+    if (t.RollInProgress && t.WorkingOverlay != 0) {
+        // Nothing reads the state before the roll has brought the overlay in line with the point.
+        t.WorkingCells(p, row) = 1;
+        return;
+    }
     SetBetWorking(t, p, row, t.Point == 0 ? t.ComeOutWorking(p, row) : 1);
 }
 
