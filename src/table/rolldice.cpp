@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <exception>
 #include <string>
 
 #include "autoplay/autoplay.h"
@@ -391,6 +392,7 @@ void EndHand(Table& t) {
 }
 
 void FollowPoint(Table& t) {
+    t.PointMoving = false;
     if (t.Point == t.PrevPoint) return;
     ApplyPointWorking(t);
     if (t.Point == 0) return;
@@ -423,6 +425,7 @@ bool RollOnce(Table& t, bool& fileEnded) {
     TallyRoll(t);
     MarkSpecials(t);
     DecideLine(t);
+    t.PointMoving = t.Point != t.PrevPoint;
     if (t.EventsLogOn) BeginLogBlock(t);
     ResolveBets(t);
     ResolveMarks(t);
@@ -481,23 +484,6 @@ void WaitWhile(Table& t, std::int64_t milliseconds, GoOn goOn) {
 }
 
 /// False when the run ends here.
-bool GoesOnInHyperDrive(Table& t, Pump& pump) {
-    pump.Serve(t);
-    if (!t.AutoRollActive) return false;
-    if (!t.HyperDriveActive) return true;
-    if (AutoStopDue(t)) {
-        if (t.StopReason.empty()) t.StopReason = "Stopped by Auto-Stop.";
-        StopAutoRoll(t);
-        return false;
-    }
-    if (t.HyperThrottle > 0) {
-        const int throttle = t.HyperThrottle;
-        WaitWhile(t, std::int64_t{10} * throttle * throttle,
-                  [&] { return t.HyperDriveActive && t.HyperThrottle == throttle; });
-    }
-    return t.AutoRollActive;
-}
-
 bool GoesOnInAutoRoll(Table& t) {
     if (t.Front != nullptr) t.Front->RedrawTable();
     if (!t.AutoRollActive) return false;
@@ -509,8 +495,25 @@ bool GoesOnInAutoRoll(Table& t) {
     const std::int64_t delay = t.AutoRollDelay.TenThousandths / 10;  // seconds to milliseconds
     WaitWhile(t, delay, [&] { return t.AutoRollActive && !t.HyperDriveActive; });
     if (!t.AutoRollActive) return false;
-    if (t.Point == 0) PlayStickCall(t, ComeOutSound);
+    PlayComeOutCall(t);
     return true;
+}
+
+bool GoesOnInHyperDrive(Table& t, Pump& pump) {
+    pump.Serve(t);
+    if (!t.AutoRollActive) return false;
+    if (!t.HyperDriveActive) return GoesOnInAutoRoll(t);
+    if (AutoStopDue(t)) {
+        if (t.StopReason.empty()) t.StopReason = "Stopped by Auto-Stop.";
+        StopAutoRoll(t);
+        return false;
+    }
+    if (t.HyperThrottle > 0) {
+        const int throttle = t.HyperThrottle;
+        WaitWhile(t, std::int64_t{10} * throttle * throttle,
+                  [&] { return t.HyperDriveActive && t.HyperThrottle == throttle; });
+    }
+    return t.AutoRollActive;
 }
 
 /// Either mode may have become the other while the user was served.
@@ -526,7 +529,7 @@ class RollGuard {
     ~RollGuard() {
         T.RollInProgress = false;
         T.PadRollPending = false;
-        T.FireHandReset = false;
+        T.FireHandReset = T.PointMoving = false;
     }
     RollGuard(const RollGuard&) = delete;
     RollGuard& operator=(const RollGuard&) = delete;
@@ -555,9 +558,16 @@ void FinishCall(Table& t, bool fileEnded) {
     if (t.DiceFileMode == 1) FlushDiceFile(t);
     if (fileEnded) RewindQuestion(t);
     t.StopReason.clear();
-    if (t.Point != 0 || (t.PlayerCount == 0 && t.ShooterBetRequirement > 0)) return;
-    if (HandRolls(t) == 0) PlayStickCall(t, NewHandSound);
-    PlayStickCall(t, ComeOutSound);
+    PlayComeOutCall(t);
+}
+
+void RollUntilStopped(Table& t) {
+    if (!ReadyToRoll(t)) return;
+    Pump pump;
+    bool fileEnded = false;
+    while (RollOnce(t, fileEnded) && RunGoesOn(t, pump)) {
+    }
+    FinishCall(t, fileEnded);
 }
 
 }  // namespace
@@ -569,15 +579,22 @@ void SetOddsRowsForPoint(Table& t) {
     t.Payoff[Row::PassLineOdds] = t.Payoff[At(Row::Come4Odds + n)];
 }
 
+void PlayComeOutCall(Table& t) {
+    if (t.Point != 0 || (t.PlayerCount == 0 && t.ShooterBetRequirement > 0)) return;
+    if (HandRolls(t) == 0) PlayStickCall(t, NewHandSound);
+    PlayStickCall(t, ComeOutSound);
+}
+
 void RollDice(Table& t) {
     if (t.RollInProgress) return;
     RollGuard guard(t);
-    if (!ReadyToRoll(t)) return;
-    Pump pump;
-    bool fileEnded = false;
-    while (RollOnce(t, fileEnded) && RunGoesOn(t, pump)) {
+    try {
+        RollUntilStopped(t);
+    } catch (const std::exception&) {
+        constexpr int internalError = 51;
+        ReportFault(t, internalError, "RollDice");
+        StopAutoRoll(t);
     }
-    FinishCall(t, fileEnded);
 }
 
 void PadRoll(Table& t, int die1, int die2) {
