@@ -31,7 +31,13 @@ TEST_F(BankrollTest, TransactionsAreCutToWhatIsAllowed) {
         {"deposit with bets uncovered", Dollars(300), Dollars(400), false, Dollars(-1), {}, true},
         {"deposit into debt", Dollars(1000), Dollars(400), true, Dollars(-5000), Dollars(-5000), false},
         {"deposit to the lower limit", {}, {}, true, Dollars(-10'000'000), Dollars(-9'999'999), false},
-        {"the least number", Dollars(1000), {}, false, {std::numeric_limits<std::int64_t>::min()}, Dollars(-1000), true},
+        {"the least number",
+         Dollars(1000),
+         {},
+         false,
+         {std::numeric_limits<std::int64_t>::min()},
+         Dollars(-1000),
+         true},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.Name);
@@ -58,16 +64,25 @@ TEST_F(BankrollTest, WordsOfACutTransaction) {
         std::vector<std::string> Shown;
     };
     const Case cases[] = {
-        {{}, Dollars(9'999'500), false,
+        {{},
+         Dollars(9'999'500),
+         false,
          {"[ATM Withdrawal] Requested amount:  $9,999,500\nAllowed amount:  $9,998,999\n\nThe full amount of this "
           "transaction was not allowed since it would have caused the current bankroll to exceed the bank limit of "
           "$9,999,999"}},
         {{}, Dollars(9'999'500), true, {}},
-        {{}, Dollars(-1001), false,
-         {"[ATM Deposit] Requested amount:  $1,001\nAllowed amount:  $1,000\n\n" + debt + " on the Configuration screen."}},
-        {{}, Dollars(-1001), true,
+        {{},
+         Dollars(-1001),
+         false,
+         {"[ATM Deposit] Requested amount:  $1,001\nAllowed amount:  $1,000\n\n" + debt +
+          " on the Configuration screen."}},
+        {{},
+         Dollars(-1001),
+         true,
          {"[ATM Deposit] Requested amount:  $1,001\nAllowed amount:  $1,000\n\n" + debt + "."}},
-        {Dollars(10), Dollars(-1001), false,
+        {Dollars(10),
+         Dollars(-1001),
+         false,
          {"[ATM Deposit] Requested amount:  $1,001\nAllowed amount:  $990\n\n" + debt +
           " on the Configuration screen, and/or by reducing the amount of your current bets."}},
     };

@@ -93,9 +93,12 @@ TEST_F(HandlingTest, StandingOrdersForLosers) {
         std::int64_t Bet;
     };
     const Case cases[] = {
-        {"none", 1, {}, 0},          {"same", 2, {}, 12},
-        {"nothing remains", 3, {}, 0}, {"plus a unit", 4, {}, 18},
-        {"double", 5, {}, 24},       {"times 3", 6, {2, Dollars(3), 0}, 36},
+        {"none", 1, {}, 0},
+        {"same", 2, {}, 12},
+        {"nothing remains", 3, {}, 0},
+        {"plus a unit", 4, {}, 18},
+        {"double", 5, {}, 24},
+        {"times 3", 6, {2, Dollars(3), 0}, 36},
         {"$20", 7, {0, Dollars(20), 0}, 20},
     };
     for (const Case& c : cases) {
@@ -128,8 +131,8 @@ TEST_F(HandlingTest, ReservedVigIsChargedAfreshWithEachHandling) {
         std::int64_t Bet, Vig;
     };
     // A Buy 4 of 25 wins 50 less a vig of 1. The parlay counts the vig as won, in both ways of charging.
-    const Case cases[] = {{"take", 1, true, 0, 0},        {"same", 2, true, 25, 1},   {"double", 4, true, 50, 2},
-                          {"parlay", 5, true, 75, 4},     {"same", 2, false, 25, 1},  {"parlay", 5, false, 75, 4}};
+    const Case cases[] = {{"take", 1, true, 0, 0},    {"same", 2, true, 25, 1},  {"double", 4, true, 50, 2},
+                          {"parlay", 5, true, 75, 4}, {"same", 2, false, 25, 1}, {"parlay", 5, false, 75, 4}};
     for (const Case& c : cases) {
         SCOPED_TRACE(testing::Message() << c.Name << (c.UpFront ? " up front" : " of wins"));
         Restart();
@@ -199,21 +202,25 @@ TEST_F(HandlingTest, WhatMustComeDownDoes) {
          false},
         {"Come number as a Put bet", number(Row::Come, 6, 0, true), Row::Come4 + six, 3, 3, true},
         {"Come number without Put bets", number(Row::Come, 6, 0, false), Row::Come4 + six, 3, 3, false},
-        {"Come odds with their flat", number(Row::Come, 6, Row::Come4Odds + six, true), Row::Come4Odds + six, 3, 3, true},
+        {"Come odds with their flat", number(Row::Come, 6, Row::Come4Odds + six, true), Row::Come4Odds + six, 3, 3,
+         true},
         {"Come odds without", number(Row::Come, 6, Row::Come4Odds + six, false), Row::Come4Odds + six, 3, 3, false},
-        {"Point 7 on a point", [](HandlingTest& f) {
+        {"Point 7 on a point",
+         [](HandlingTest& f) {
              f.Bet(1, Row::Point7, 10);
              f.RollTotal(8);
          },
          Row::Point7, 2, 2, false},
         {"Point 7 on the come-out", [](HandlingTest& f) { f.Bet(1, Row::Point7, 10); }, Row::Point7, 5, 6, true},
-        {"7 Point 7 on a point", [](HandlingTest& f) {
+        {"7 Point 7 on a point",
+         [](HandlingTest& f) {
              f.Bet(1, Row::SevenPoint7, 10);
              f.RollTotal(8);
          },
          Row::SevenPoint7, 2, 2, false},
         {"7 Point 7 on the 7", [](HandlingTest& f) { f.Bet(1, Row::SevenPoint7, 10); }, Row::SevenPoint7, 3, 4, true},
-        {"Fire lost", [line](HandlingTest& f) {
+        {"Fire lost",
+         [line](HandlingTest& f) {
              f.Bet(1, Row::Fire, 5);
              f.RollTotal(8);
          },
@@ -301,9 +308,12 @@ TEST_F(HandlingTest, TheDialogAsksWhoHasNoOrderAndUsesItsOwnSlots) {
         int Code, SlotUsed;
         std::int64_t Bet;
     };
-    const Case cases[] = {{"win, same", true, 2, -1, 12},         {"win, modified", true, 6, 0, 15},
-                          {"win, exactly", true, 7, 1, 3},        {"loss, modified", false, 6, 2, 15},
-                          {"loss, exactly", false, 7, 3, 3},      {"loss, closed", false, 0, -1, 0},
+    const Case cases[] = {{"win, same", true, 2, -1, 12},
+                          {"win, modified", true, 6, 0, 15},
+                          {"win, exactly", true, 7, 1, 3},
+                          {"loss, modified", false, 6, 2, 15},
+                          {"loss, exactly", false, 7, 3, 3},
+                          {"loss, closed", false, 0, -1, 0},
                           {"win, a code not offered", true, 8, -1, 0}};
     for (const Case& c : cases) {
         SCOPED_TRACE(c.Name);

@@ -225,12 +225,11 @@ TEST_F(PlacementTest, ContractBetsStay) {
         std::int64_t Established;
         const char *Untouched, *Above;
     };
-    const Case cases[] = {{Row::PassLine, 10,
-                           "You may not decrease or remove a Pass Line bet while a point is established.",
-                           "You may not decrease or remove your Pass Line bet"},
-                          {Row::Come4 + 2, 15,
-                           "You may not decrease or remove a Come bet which is established on a point.",
-                           "You may not decrease or remove an established Come bet."}};
+    const Case cases[] = {
+        {Row::PassLine, 10, "You may not decrease or remove a Pass Line bet while a point is established.",
+         "You may not decrease or remove your Pass Line bet"},
+        {Row::Come4 + 2, 15, "You may not decrease or remove a Come bet which is established on a point.",
+         "You may not decrease or remove an established Come bet."}};
     for (const Case& c : cases) {
         SCOPED_TRACE(BetName(c.BetRow));
         for (const std::int64_t request : {-1, -5, -500}) {
@@ -265,10 +264,11 @@ TEST_F(PlacementTest, AContractBetOutlivesLimitsThatMovedPastIt) {
     t.MaxPlacardBet = Dollars(50);
     PlaceBet(t, 1, Row::PassLine, Dollars(10));
     EXPECT_EQ(Amount(1, Row::PassLine), Dollars(100));
-    EXPECT_THAT(Messages(),
-                ElementsAre("[Pass Line Bet] Ann,\n\nThe maximum Pass Line bet is $50\n\nHowever, because the Pass "
-                            "Line is a contract bet and you established it at $100 before you recently lowered the "
-                            "maximum allowed on the Configuration screen, it must remain unchanged until it resolves."));
+    EXPECT_THAT(
+        Messages(),
+        ElementsAre("[Pass Line Bet] Ann,\n\nThe maximum Pass Line bet is $50\n\nHowever, because the Pass "
+                    "Line is a contract bet and you established it at $100 before you recently lowered the "
+                    "maximum allowed on the Configuration screen, it must remain unchanged until it resolves."));
     // Raised above the minimum of old and not down to nothing, when the new minimum can't be paid.
     t.MinPlacardBet = Dollars(5);
     Bet(1, Row::Come4 + 2, 3);
@@ -294,7 +294,8 @@ TEST_F(PlacementTest, RequestsAreWholeChecksAwayFromZero) {
     EXPECT_EQ(Amount(1, Row::Place4), Dollars(10));
     PlaceBet(t, 1, Row::Place4, currency{-125'000});
     EXPECT_EQ(Amount(1, Row::Place4), currency{});
-    for (const std::int64_t extreme : {std::numeric_limits<std::int64_t>::min(), std::numeric_limits<std::int64_t>::max()}) {
+    for (const std::int64_t extreme :
+         {std::numeric_limits<std::int64_t>::min(), std::numeric_limits<std::int64_t>::max()}) {
         CheckBetRules(t, 1, Row::Place4, currency{extreme}, Speak::Silent);
         EXPECT_EQ(Amount(1, Row::Place4), extreme < 0 ? currency{} : Dollars(1000));
     }
@@ -317,14 +318,35 @@ TEST_F(PlacementTest, LimitsOfEveryFamily) {
         std::int64_t Min, Max;
     };
     const Case cases[] = {
-        {Row::Lay4, 10, 2000},       {Row::Lay4 + 1, 10, 1500}, {Row::Lay4 + 2, 10, 1200}, {Row::Come4 + 1, 10, 1000},
-        {Row::Place4, 10, 1000},     {Row::Buy4 + 5, 10, 1000}, {Row::Come, 10, 1000},     {Row::DontCome, 10, 1000},
-        {Row::Field, 10, 1000},      {Row::Big6, 10, 1000},     {Row::Hard4, 2, 428},      {Row::Hard6, 2, 333},
-        {Row::Two, 2, 100},          {Row::Three, 2, 200},      {Row::Seven, 2, 750},      {Row::Craps, 2, 428},
-        {Row::CandE, 2, 428},        {Row::Horn, 2, 444},       {Row::World, 2, 576},      {Row::Over7, 2, 3000},
-        {Row::Hop13, 2, 200},        {Row::Hop22, 2, 100},      {Row::Hop55, 2, 100},      {Row::Midway, 2, 1000},
-        {Row::Fire, 2, 25},          {Row::PassLineOdds, 10, 20}, {Row::DontPassOdds, 10, 40},
-        {Row::Come4Odds + 2, 10, 25}, {Row::DontCome4Odds + 4, 10, 30},
+        {Row::Lay4, 10, 2000},
+        {Row::Lay4 + 1, 10, 1500},
+        {Row::Lay4 + 2, 10, 1200},
+        {Row::Come4 + 1, 10, 1000},
+        {Row::Place4, 10, 1000},
+        {Row::Buy4 + 5, 10, 1000},
+        {Row::Come, 10, 1000},
+        {Row::DontCome, 10, 1000},
+        {Row::Field, 10, 1000},
+        {Row::Big6, 10, 1000},
+        {Row::Hard4, 2, 428},
+        {Row::Hard6, 2, 333},
+        {Row::Two, 2, 100},
+        {Row::Three, 2, 200},
+        {Row::Seven, 2, 750},
+        {Row::Craps, 2, 428},
+        {Row::CandE, 2, 428},
+        {Row::Horn, 2, 444},
+        {Row::World, 2, 576},
+        {Row::Over7, 2, 3000},
+        {Row::Hop13, 2, 200},
+        {Row::Hop22, 2, 100},
+        {Row::Hop55, 2, 100},
+        {Row::Midway, 2, 1000},
+        {Row::Fire, 2, 25},
+        {Row::PassLineOdds, 10, 20},
+        {Row::DontPassOdds, 10, 40},
+        {Row::Come4Odds + 2, 10, 25},
+        {Row::DontCome4Odds + 4, 10, 30},
     };
     for (const Case& c : cases) {
         const std::string name(BetName(c.BetRow));
@@ -336,8 +358,8 @@ TEST_F(PlacementTest, LimitsOfEveryFamily) {
         EXPECT_THAT(Messages(), testing::Contains(title + "The minimum " + name + " bet is $" + std::to_string(c.Min)));
         PlaceBet(t, 1, c.BetRow, Dollars(5'000'000));
         EXPECT_EQ(Amount(1, c.BetRow), Dollars(c.Max));
-        EXPECT_THAT(Messages(), testing::Contains(title + "The maximum " + name + " bet is $" +
-                                                  FormatCommas(Dollars(c.Max))));
+        EXPECT_THAT(Messages(),
+                    testing::Contains(title + "The maximum " + name + " bet is $" + FormatCommas(Dollars(c.Max))));
         // Less than the minimum left is nothing left.
         PlaceBet(t, 1, c.BetRow, Dollars(1 - c.Max));
         EXPECT_EQ(Amount(1, c.BetRow), currency{});
@@ -391,7 +413,8 @@ TEST_F(PlacementTest, TheBankrollCutsABetWithItsVig) {
         {"plain", Row::Field, Dollars(30), true, 0, 50, 30, "which is being bet.", "Bet less"},
         {"beside others", Row::Field, Dollars(30), true, 20, 50, 10, "      - Bet less on other bets.", "already"},
         {"odd cents stay", Row::Field, {155'000}, true, 0, 50, 15, "which is being bet.", "Bet less"},
-        {"nothing left", Row::Field, Dollars(20), true, 20, 50, 0, "      - Make a withdrawal from the ATM.", "being bet"},
+        {"nothing left", Row::Field, Dollars(20), true, 20, 50, 0, "      - Make a withdrawal from the ATM.",
+         "being bet"},
         {"Buy with vig: 95 and 5", Row::Buy4, Dollars(100), true, 0, 100, 95, "being bet", "Bet less"},
         {"Buy, vig of wins: all", Row::Buy4, Dollars(100), false, 0, 120, 100, "being bet", "Bet less"},
         {"Lay 4, vig of the win: 98 and 2", Row::Lay4, Dollars(100), true, 0, 100, 98, "being bet", "Bet less"},
@@ -460,18 +483,21 @@ TEST_F(PlacementTest, VigFollowsTheBet) {
         std::vector<Step> Steps;
     };
     const Case cases[] = {
-        {Row::Buy4, true,
+        {Row::Buy4,
+         true,
          {{25, 1, "Total vig charge $1"},
           {25, 2, "Vig increased by $1\n\nTotal vig charge $2"},
           {5, 3, "Vig increased by $1\n\nTotal vig charge $3"},  // 2.75
           {1, 3, nullptr},
           {-31, 1, "Vig decreased by $2\n\nTotal vig charge $1"},
           {-25, 0, "Vig charge returned $1"}}},
-        {Row::Buy4 + 3, false,
+        {Row::Buy4 + 3,
+         false,
          {{40, 2, "If you win, the vig charge will be $2"},
           {20, 3, "Vig increased by $1\n\nIf you win, the vig charge will be $3"},
           {-60, 0, nullptr}}},
-        {Row::Lay4, true,
+        {Row::Lay4,
+         true,
          {{40, 1, "Total vig charge $1"},
           {40, 2, "Vig increased by $1\n\nTotal vig charge $2"},
           {-80, 0, "Vig charge returned $2"}}},
@@ -564,8 +590,8 @@ TEST_F(PlacementTest, CallingBets) {
         bool On, FromScript;
         int After;
     };
-    const Case cases[] = {{"on", 0, true, false, 2},        {"off", 0, false, false, -1},
-                          {"on again", 2, true, false, 2},  {"back to default", 2, false, false, 0},
+    const Case cases[] = {{"on", 0, true, false, 2},         {"off", 0, false, false, -1},
+                          {"on again", 2, true, false, 2},   {"back to default", 2, false, false, 0},
                           {"back, too", -1, true, false, 0}, {"script off", 2, false, true, -1},
                           {"script on", -1, true, true, 2}};
     Bet(1, Row::Place4, 10);

@@ -25,8 +25,7 @@ struct RollCycleTest : TableTest {
 };
 
 TEST_F(RollCycleTest, RequirementsOfTheShooter) {
-    const std::string note =
-        "\n\nNote: This requirement can be changed on the 'Bets tab' of the configuration screen.";
+    const std::string note = "\n\nNote: This requirement can be changed on the 'Bets tab' of the configuration screen.";
     struct Case {
         const char* Name;
         int Requirement, Players, Bet, Point;
@@ -40,14 +39,17 @@ TEST_F(RollCycleTest, RequirementsOfTheShooter) {
          "No players are available to bet."},
         {"nobody, any bet", 2, 0, 0, 0, "[Bet Required]", "No players are available to bet."},
         {"alone without line bet", 1, 1, Row::Field, 0,
-         "[Line Bet Required] A line bet is required to shoot.\n\nAnn must make a Pass Line bet or a Don't Pass bet." + note,
+         "[Line Bet Required] A line bet is required to shoot.\n\nAnn must make a Pass Line bet or a Don't Pass bet." +
+             note,
          "Shooter has no line bet."},
         {"others present", 1, 2, 0, 0,
          "[Line Bet Required] A line bet is required to shoot.\n\nAnn must make a Pass Line bet, a Don't Pass bet, or "
-         "pass the dice." + note,
+         "pass the dice." +
+             note,
          "Shooter has no line bet."},
         {"with a point on", 1, 2, Row::Field, 8,
-         "[Line Bet Required] A line bet is required to shoot.\n\nAnn must make a Pass Line bet or pass the dice." + note,
+         "[Line Bet Required] A line bet is required to shoot.\n\nAnn must make a Pass Line bet or pass the dice." +
+             note,
          "Shooter has no line bet."},
         {"Pass Line", 1, 2, Row::PassLine, 0, "", ""},
         {"Don't Pass", 1, 2, Row::DontPass, 0, "", ""},
@@ -97,8 +99,9 @@ TEST_F(RollCycleTest, TheSessionEndsAtItsLastRoll) {
     EXPECT_THAT(Messages(), IsEmpty());
     Roll(1, 2);
     EXPECT_EQ(SessionRolls(t), MaxSessionRolls);
-    EXPECT_THAT(Messages(), ElementsAre("[Reached Maximum Roll Limit] Sorry ... the maximum limit of 100,000,000 rolls "
-                                        "has been reached.\n\nSelect \"New\" from the \"Game\" menu to reset the table."));
+    EXPECT_THAT(Messages(),
+                ElementsAre("[Reached Maximum Roll Limit] Sorry ... the maximum limit of 100,000,000 rolls "
+                            "has been reached.\n\nSelect \"New\" from the \"Game\" menu to reset the table."));
 }
 
 TEST_F(RollCycleTest, WithoutAShooterThePlayersFindOne) {
@@ -135,9 +138,9 @@ TEST_F(RollCycleTest, DecisionsAreCountedAndCalled) {
         std::vector<int> Calls;
     };
     // 13 a pass, 14 a miss, 15 a bar; 16 hard; 17 the come-out and 18 a new hand behind the roll.
-    const Step steps[] = {{11, 1, 0, 1, {11, 13, 17}}, {3, 1, 1, 2, {3, 14, 17}},  {12, 1, 2, 3, {12, 15, 17}},
-                          {2, 1, 3, 4, {2, 14, 17}},   {8, 1, 3, 5, {8, 16}},      {5, 1, 3, 5, {5}},
-                          {8, 2, 3, 5, {8, 16, 13, 17}}, {6, 2, 3, 6, {6, 16}},    {7, 0, 0, 0, {7, 14, 18, 17}}};
+    const Step steps[] = {{11, 1, 0, 1, {11, 13, 17}},   {3, 1, 1, 2, {3, 14, 17}}, {12, 1, 2, 3, {12, 15, 17}},
+                          {2, 1, 3, 4, {2, 14, 17}},     {8, 1, 3, 5, {8, 16}},     {5, 1, 3, 5, {5}},
+                          {8, 2, 3, 5, {8, 16, 13, 17}}, {6, 2, 3, 6, {6, 16}},     {7, 0, 0, 0, {7, 14, 18, 17}}};
     for (const Step& step : steps) {
         Front.Sounds.clear();
         RollTotal(step.Total);
@@ -275,9 +278,18 @@ TEST_F(RollCycleTest, RunsOfNumbersDecideTheSpecials) {
         {"All Small", {Row::AllSmall}, {2, 3, 4, 5, 12, 6}, 34, {Row::AllSmall}, 0},
         {"All Tall", {Row::AllTall}, {8, 9, 10, 11, 2, 12}, 34, {Row::AllTall}, 0},
         {"All Small lost", {Row::AllSmall}, {2, 3, 4, 5, 7}, -1, {Row::AllSmall}, 0},
-        {"beside Make All, All Small must come down", {Row::AllSmall, Row::MakeAll}, {2, 3, 4, 5, 6}, 34, {Row::MakeAll}, 124},
-        {"everything", {Row::AllSmall, Row::AllTall, Row::MakeAll}, {2, 3, 4, 5, 6, 8, 9, 10, 11, 12}, 34 + 34 + 175,
-         {Row::MakeAll, Row::AllTall}, 0},
+        {"beside Make All, All Small must come down",
+         {Row::AllSmall, Row::MakeAll},
+         {2, 3, 4, 5, 6},
+         34,
+         {Row::MakeAll},
+         124},
+        {"everything",
+         {Row::AllSmall, Row::AllTall, Row::MakeAll},
+         {2, 3, 4, 5, 6, 8, 9, 10, 11, 12},
+         34 + 34 + 175,
+         {Row::MakeAll, Row::AllTall},
+         0},
         {"4 Rolls", {Row::FourRollsNo7}, {2, 3, 4, 5}, 1, {Row::FourRollsNo7}, 0},
         {"4 Rolls twice", {Row::FourRollsNo7}, {2, 3, 4, 5, 6, 8, 9, 10}, 2, {Row::FourRollsNo7}, 0},
         {"4 Rolls lost", {Row::FourRollsNo7}, {2, 3, 4, 7}, -1, {Row::FourRollsNo7}, 0},
@@ -380,9 +392,10 @@ TEST_F(RollCycleTest, LogOfAHand) {
     RollTotal(7);
     EXPECT_THAT(Front.Logged,
                 ElementsAre("    Bankroll:", "      Ann increased to $1100 ($100 ATM withdrawal)",
-                            " Roll #3:  7 (3.4) from manual roll pad", "    Miss (seven-out)", "    Wins/losses:",
-                            "      Ann lost $10 on Pass Line", "      Ann lost $5 on Come 6", "    Bankroll:",
-                            "      Ann decreased to $1085 ($15 loss)", "----New shooter (Dot) coming out----------"));
+                            " Roll #3:  7 (3.4) from manual roll pad", "    Miss (seven-out)",
+                            "    Wins/losses:", "      Ann lost $10 on Pass Line", "      Ann lost $5 on Come 6",
+                            "    Bankroll:", "      Ann decreased to $1085 ($15 loss)",
+                            "----New shooter (Dot) coming out----------"));
     Front.Logged.clear();
     RollTotal(11);
     EXPECT_THAT(Front.Logged, ElementsAre(" Roll #4:  11 (5.6) from manual roll pad", "    Pass (natural)"))

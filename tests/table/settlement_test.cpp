@@ -177,7 +177,9 @@ TEST_F(SettlementTest, EveryHopPaysItsDiceAlone) {
             for (int die2 = 1; die2 <= 6; ++die2) {
                 const bool hits = (die1 == a && die2 == b) || (die1 == b && die2 == a);
                 Bet(1, row, 10);
-                EXPECT_EQ(Result({die1, die2}), Dollars(!hits ? -10 : a == b ? 300 : 150))
+                EXPECT_EQ(Result({die1, die2}), Dollars(!hits    ? -10
+                                                        : a == b ? 300
+                                                                 : 150))
                     << BetName(row) << " on " << die1 << "." << die2;
             }
         }
@@ -189,8 +191,8 @@ TEST_F(SettlementTest, PointsDecideLineAndNumbers) {
         int Point;
         std::int64_t OddsOf60, DontOddsOf60;
     };
-    for (const Case& c : {Case{4, 120, 30}, Case{5, 90, 40}, Case{6, 72, 50}, Case{8, 72, 50}, Case{9, 90, 40},
-                          Case{10, 120, 30}}) {
+    for (const Case& c :
+         {Case{4, 120, 30}, Case{5, 90, 40}, Case{6, 72, 50}, Case{8, 72, 50}, Case{9, 90, 40}, Case{10, 120, 30}}) {
         for (const bool made : {true, false}) {
             SCOPED_TRACE(testing::Message() << c.Point << (made ? " made" : " missed"));
             Restart();
@@ -204,7 +206,8 @@ TEST_F(SettlementTest, PointsDecideLineAndNumbers) {
             EXPECT_EQ(Result({made ? c.Point / 2 : 3, made ? c.Point - c.Point / 2 : 4}),
                       Dollars(made ? 50 + c.OddsOf60 : -110));
             EXPECT_EQ(BankrollOf(2) - before, Dollars(made ? -110 : 50 + c.DontOddsOf60));
-            EXPECT_THAT((std::vector<currency>{t.BetsOnTable[1], t.BetsOnTable[2]}), ElementsAre(currency{}, currency{}));
+            EXPECT_THAT((std::vector<currency>{t.BetsOnTable[1], t.BetsOnTable[2]}),
+                        ElementsAre(currency{}, currency{}));
 
             // The same through the boxes, behind another point.
             Restart();
@@ -271,8 +274,8 @@ TEST_F(SettlementTest, LinePayoffsComeFromTheRowsOfComeBets) {
 }
 
 TEST_F(SettlementTest, ChangedTablesOfFieldMidwayAndSevens) {
-    t.FieldPayoff[9] = {{}, Dollars(5), Dollars(-1), Dollars(2)};  // 6 as 3-3: 5 to 2
-    t.FieldPayoff[2] = {{}, currency{}, Dollars(-1), Dollars(1)};  // 3: no decision
+    t.FieldPayoff[9] = {{}, Dollars(5), Dollars(-1), Dollars(2)};    // 6 as 3-3: 5 to 2
+    t.FieldPayoff[2] = {{}, currency{}, Dollars(-1), Dollars(1)};    // 3: no decision
     t.FieldPayoff[11] = {{}, Dollars(-1), Dollars(-1), Dollars(2)};  // 7 as 2-5: half is lost
     t.MidwayPayoff[1] = {{}, Dollars(5), Dollars(-1), Dollars(2)};
     t.MidwayPayoff[4] = {{}, currency{}, Dollars(-1), Dollars(1)};
@@ -284,8 +287,8 @@ TEST_F(SettlementTest, ChangedTablesOfFieldMidwayAndSevens) {
         bool Stays;
     };
     const Case cases[] = {
-        {Row::Field, {3, 3}, 25, false}, {Row::Field, {2, 1}, 0, true},   {Row::Field, {5, 2}, -5, false},
-        {Row::Field, {4, 3}, -10, false}, {Row::Midway, {3, 3}, 25, false}, {Row::Midway, {6, 2}, 0, true},
+        {Row::Field, {3, 3}, 25, false},       {Row::Field, {2, 1}, 0, true},    {Row::Field, {5, 2}, -5, false},
+        {Row::Field, {4, 3}, -10, false},      {Row::Midway, {3, 3}, 25, false}, {Row::Midway, {6, 2}, 0, true},
         {Row::SevenPoint7, {1, 6}, 35, false},
     };
     const Table prepared = t;
@@ -303,9 +306,10 @@ TEST_F(SettlementTest, TwentyOneFieldEntriesAreFoundByTheDice) {
         int Entry;
         Dice Thrown;
     };
-    const Case cases[] = {{1, {1, 1}},  {2, {2, 1}},  {3, {3, 1}},  {4, {2, 2}},  {5, {4, 1}},  {6, {2, 3}},  {7, {1, 5}},
-                          {8, {4, 2}},  {9, {3, 3}},  {10, {6, 1}}, {11, {2, 5}}, {12, {4, 3}}, {13, {6, 2}}, {14, {3, 5}},
-                          {15, {4, 4}}, {16, {3, 6}}, {17, {5, 4}}, {18, {4, 6}}, {19, {5, 5}}, {20, {6, 5}}, {21, {6, 6}}};
+    const Case cases[] = {{1, {1, 1}},  {2, {2, 1}},  {3, {3, 1}},  {4, {2, 2}},  {5, {4, 1}},  {6, {2, 3}},
+                          {7, {1, 5}},  {8, {4, 2}},  {9, {3, 3}},  {10, {6, 1}}, {11, {2, 5}}, {12, {4, 3}},
+                          {13, {6, 2}}, {14, {3, 5}}, {15, {4, 4}}, {16, {3, 6}}, {17, {5, 4}}, {18, {4, 6}},
+                          {19, {5, 5}}, {20, {6, 5}}, {21, {6, 6}}};
     for (const Case& c : cases) t.FieldPayoff[At(c.Entry)] = {{}, Dollars(c.Entry), Dollars(-1), Dollars(1)};
     for (const Case& c : cases) {
         Bet(1, Row::Field, 1);
@@ -380,9 +384,9 @@ TEST_F(SettlementTest, WinsRoundDownAndLossesAwayToTheSmallestCheck) {
         currency Net;
     };
     const Case cases[] = {
-        {Dollars(5), Dollars(5), true, Dollars(5)},      // 5.83
-        {Dollars(25), Dollars(25), true, Dollars(25)},   // 29.17
-        {{1'000}, {3'000}, true, {3'000}},               // 0.35: three checks of 0.10, which no double could count
+        {Dollars(5), Dollars(5), true, Dollars(5)},     // 5.83
+        {Dollars(25), Dollars(25), true, Dollars(25)},  // 29.17
+        {{1'000}, {3'000}, true, {3'000}},              // 0.35: three checks of 0.10, which no double could count
         {{1'000}, {6'000}, true, {7'000}},
         {{2'500}, {2'500}, false, {-2'500}},
         {Dollars(5), Dollars(5), false, Dollars(-5)},
