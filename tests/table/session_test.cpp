@@ -48,7 +48,6 @@ TEST_F(SessionTest, AStartedProgramHasItsDefaults) {
     EXPECT_EQ(t.BarDont, 12);
     EXPECT_EQ(t.RollsPerHour, Dollars(120));
     EXPECT_EQ(t.AutoRollDelay, Dollars(1));
-    EXPECT_EQ(t.CompRate, 30);
     EXPECT_EQ(t.RngIndex, 1);
     EXPECT_EQ(t.MissingRngLibraries, 0);
     for (int p = 1; p <= 8; ++p) {
