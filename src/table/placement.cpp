@@ -39,7 +39,7 @@ class Request {
 
     BetChange Run() {
         if (Delta > currency{} && !Increase()) return {};
-        HoldContract();
+        if (!HoldContract()) return {};
         HoldMinimum();
         HoldMaximum();
         Adjust();
@@ -80,12 +80,14 @@ class Request {
         return !IsZero(Delta);
     }
 
-    /// Contract bets never fall below what the dice have established.
-    void HoldContract() {
-        if (Total() >= Floor()) return;
+    /// Contract bets never fall below what the dice have established. False when nothing is left of the request: then
+    /// the bet isn't adjusted either.
+    bool HoldContract() {
+        if (Total() >= Floor()) return true;
         if (Tells(1))
             Tell(ContractRefusal(BetRow, Delta, Bet, Established()), MsgButton::Stop | MsgButton::HideRefusals);
-        Delta = Established() - Bet;
+        Delta = Floor() - Bet;
+        return !IsZero(Delta);
     }
 
     bool AtContract() const { return !IsZero(Floor()) && Total() <= Floor(); }

@@ -257,6 +257,14 @@ TEST_F(PlacementTest, ContractBetsStay) {
     EXPECT_EQ(t.BetsOnTable[1], BetsOnTableOf(t, 1));
 }
 
+TEST_F(PlacementTest, ARefusedDecreaseIsNoOccasionToAdjust) {
+    Bet(1, Row::PassLine, 171);
+    RollTotal(9);
+    t.AutoAdjustMode[1] = 2;
+    PlaceBet(t, 1, Row::PassLine, Dollars(-2));
+    EXPECT_EQ(Amount(1, Row::PassLine), Dollars(171));
+}
+
 TEST_F(PlacementTest, AContractBetOutlivesLimitsThatMovedPastIt) {
     Bet(1, Row::PassLine, 100);
     RollTotal(8);
