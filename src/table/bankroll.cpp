@@ -1,6 +1,7 @@
 #include "table/bankroll.h"
 
 #include <algorithm>
+#include <limits>
 #include <string>
 
 #include "stats/accumulators.h"
@@ -54,8 +55,9 @@ currency Deposit(Table& t, int p, currency request, bool fromConfiguration) {
 }  // namespace
 
 currency AtmTransaction(Table& t, int p, currency amount, bool fromConfiguration) {
-    const currency moved =
-        amount < currency{} ? -Deposit(t, p, -amount, fromConfiguration) : Withdrawal(t, p, amount, fromConfiguration);
+    constexpr currency most{std::numeric_limits<std::int64_t>::max()};
+    const currency moved = amount < currency{} ? -Deposit(t, p, -std::max(amount, -most), fromConfiguration)
+                                               : Withdrawal(t, p, amount, fromConfiguration);
     if (IsZero(moved)) return moved;
     t.BankrollInvested[At(p)] += moved;
     SetBankroll(t, p, t.Bankroll[At(p)] + moved);

@@ -30,16 +30,13 @@ std::string FlatNeeded(int row) {
     return "You may not make a " + std::string(BetName(row)) + " bet until you've established a " + flat + " bet.";
 }
 
-std::string MarksRefusal(const Table& t, int row) {
-    const int marks = row == Row::AllSmall ? SmallMarks : row == Row::AllTall ? TallMarks : SmallMarks | TallMarks;
-    if ((t.MarkedNumbers & marks) == 0) return {};
-    const std::string name(BetName(row));
-    const std::string size = row == Row::AllSmall ? "small " : row == Row::AllTall ? "tall " : "";
-    return "You may not make or increase " + Article(name) + name + " bet while any " + size + "numbers are marked.";
+int MarksOf(int row) {
+    return row == Row::AllSmall ? SmallMarks : row == Row::AllTall ? TallMarks : SmallMarks | TallMarks;
 }
 
-std::string SpecialRefusal(int row, std::string_view while_) {
-    return "You may not make or increase a " + std::string(BetName(row)) + " bet " + std::string(while_);
+std::string SpecialRefusal(int row, std::string_view because) {
+    const std::string_view name = BetName(row);
+    return "You may not make or increase " + Article(name) + std::string(name) + " bet " + std::string(because);
 }
 
 }  // namespace
@@ -64,38 +61,57 @@ bool IsRestorable(int row) {
            (Row::AllSmall <= row && row <= Row::SevenPoint7) || row == Row::Fire;
 }
 
-std::string RefusalOf(const Table& t, int p, int row) {
+bool IsRefused(const Table& t, int p, int row) {
     const bool on = t.Point != 0;
-    const auto missing = [&](int flat) { return IsZero(t.BetAmount(p, flat)); };
-    if (row == Row::PassLine && on && !t.AllowPutBets) {
-        return "You may not make or increase a Pass Line bet while a point is established." +
-               OptionNote("Allow Put Bets");
+    if (const int flat = FlatRowOf(row); flat != 0) {
+        const bool line = row == Row::PassLineOdds || row == Row::DontPassOdds;
+        return IsZero(t.BetAmount(p, flat)) || (line && !on);
     }
-    if (row == Row::Come && !on) return "You may not make a Come bet until a point is established.";
-    if (row == Row::DontCome && !on) return "You may not make a Don't Come bet until a point is established.";
-    if (row == Row::DontPass && on)
-        return "You may not make or increase a Don't Pass bet while a point is established.";
-    if (row == Row::DontPassOdds && (!on || missing(Row::DontPass))) {
-        return "You may not make a Don't Pass Odds bet unless you also have a Don't Pass bet and a point is "
-               "established.";
-    }
-    if (row == Row::PassLineOdds && (!on || missing(Row::PassLine))) {
-        return "You may not make a Pass Line Odds bet unless you also have a Pass Line bet and a point is established.";
-    }
-    if (IsComeNumber(row) && !t.AllowPutBets) {
+    if (row == Row::PassLine) return on && !t.AllowPutBets;
+    if (row == Row::Come || row == Row::DontCome) return !on;
+    if (IsComeNumber(row)) return !t.AllowPutBets;
+    if (IsDontComeNumber(row)) return true;  // put on a number, it would have the better of the house
+    if (Row::AllSmall <= row && row <= Row::MakeAll) return (t.MarkedNumbers & MarksOf(row)) != 0;
+    if (row == Row::FourRollsNo7) return t.FourRollsCount > 0;
+    if (row == Row::DontPass || row == Row::Point7 || row == Row::SevenPoint7) return on;
+    return row == Row::Fire && HandRolls(t) > 0 && !t.FireHandReset;
+}
+
+std::string RefusalText(int row) {
+    if (IsComeOdds(row) || IsDontComeOdds(row)) return FlatNeeded(row);
+    if (IsComeNumber(row)) {
         return "You may not make or increase a Come bet directly on a point number." + OptionNote("Allow Put Bets");
     }
     if (IsDontComeNumber(row)) return "You may not make or increase a Don't Come bet directly on a point number.";
-    if ((IsComeOdds(row) || IsDontComeOdds(row)) && missing(FlatRowOf(row))) return FlatNeeded(row);
-    if (Row::AllSmall <= row && row <= Row::MakeAll) return MarksRefusal(t, row);
-    if (row == Row::FourRollsNo7 && t.FourRollsCount > 0) return SpecialRefusal(row, "if the count is in progress.");
-    if ((row == Row::Point7 || row == Row::SevenPoint7) && on) {
-        return SpecialRefusal(row, "unless the shooter is on a come-out roll.");
+    switch (row) {
+        case Row::PassLine:
+            return "You may not make or increase a Pass Line bet while a point is established." +
+                   OptionNote("Allow Put Bets");
+        case Row::PassLineOdds:
+            return "You may not make a Pass Line Odds bet unless you also have a Pass Line bet and a point is "
+                   "established.";
+        case Row::Come:
+            return "You may not make a Come bet until a point is established.";
+        case Row::DontPass:
+            return "You may not make or increase a Don't Pass bet while a point is established.";
+        case Row::DontPassOdds:
+            return "You may not make a Don't Pass Odds bet unless you also have a Don't Pass bet and a point is "
+                   "established.";
+        case Row::DontCome:
+            return "You may not make a Don't Come bet until a point is established.";
+        case Row::AllSmall:
+            return SpecialRefusal(row, "while any small numbers are marked.");
+        case Row::AllTall:
+            return SpecialRefusal(row, "while any tall numbers are marked.");
+        case Row::MakeAll:
+            return SpecialRefusal(row, "while any numbers are marked.");
+        case Row::FourRollsNo7:
+            return SpecialRefusal(row, "if the count is in progress.");
+        case Row::Fire:
+            return SpecialRefusal(row, "after the shooter has started a hand.");
+        default:
+            return SpecialRefusal(row, "unless the shooter is on a come-out roll.");
     }
-    if (row == Row::Fire && HandRolls(t) > 0 && !t.FireHandReset) {
-        return SpecialRefusal(row, "after the shooter has started a hand.");
-    }
-    return {};
 }
 
 std::string RestoreSentence(currency established, currency bet) {

@@ -15,8 +15,11 @@ std::string NotOfferedText(int row);
 /// Rows on which a removal since the last roll can be undone up to what was established.
 bool IsRestorable(int row);
 
-/// Why `row` can't be made or raised now beyond what is established; empty when it can.
-std::string RefusalOf(const Table& t, int p, int row);
+/// Whether p can't make or raise a bet on row 1..91 now, beyond what is established. Needs no memory: an unattended
+/// run may ask on every roll.
+bool IsRefused(const Table& t, int p, int row);
+/// Why not, for a row that can be refused.
+std::string RefusalText(int row);
 
 /// The sentence that goes behind a refusal where something may be restored; else empty.
 std::string RestoreSentence(currency established, currency bet);

@@ -115,6 +115,7 @@ struct Table : Settings, DiceState, Statistics {
     bool ScriptStopRequested = false;  ///< the user interrupts the script run
     std::int32_t ScriptPlayer = 0;     ///< whose script is running
     bool FireHandReset = false;        ///< a paying Fire bet may be left up for the next hand
+    bool PointMoving = false;          ///< the roll moved the point, and uncalled bets don't follow it yet
     std::string StopReason;
     std::string EventsLogHeading;
     bool EventsLogStarted = false;  ///< a line was given to the log

@@ -15,11 +15,17 @@ namespace {
 
 std::size_t At(int i) { return static_cast<std::size_t>(i); }
 
-/// Slots of the arithmetic beside a handling: the dialog has its own beside those of the standing orders.
-struct Slots {
-    int Same, Bet;
+/// Where a code came from: the dialog has slots of its own beside those of the standing orders.
+struct Order {
+    int Code = 1;
+    bool Asked = false;
 };
-constexpr Slots WinnersOrders = {4, 6}, LosersOrders = {5, 7}, WinnersDialog = {0, 1}, LosersDialog = {2, 3};
+
+// Slots of the arithmetic beside a handling: of the dialog, then of the standing orders.
+constexpr int WinnersSameSlot(const Order& order) { return order.Asked ? 0 : 4; }
+constexpr int WinnersBetSlot(const Order& order) { return order.Asked ? 1 : 6; }
+constexpr int LosersSameSlot(const Order& order) { return order.Asked ? 2 : 5; }
+constexpr int LosersBetSlot(const Order& order) { return order.Asked ? 3 : 7; }
 
 constexpr std::array<std::string_view, 4> OperatorWords = {"plus", "minus", "times", "divided by"};
 
@@ -62,27 +68,29 @@ currency SlotAmount(const Table& t, const DecidedBet& bet, int slot) {
     return MultiplyBy(MultiplyBy(amount, t.CheckDenominations[At(unit - 1)]), PayoffOf(t, bet.BetRow).For);
 }
 
-/// The factor of a slot for multiplying and dividing: percents are hundredths.
-currency SlotFactor(const Table& t, const DecidedBet& bet, int slot) {
+/// The factor of a slot for multiplying and dividing, Times over Scale: a percentage counts in hundredths.
+struct Factor {
+    currency Times, Scale;
+};
+
+Factor SlotFactor(const Table& t, const DecidedBet& bet, int slot) {
     const std::size_t p = At(bet.Position), s = At(slot);
-    if (t.HandleUnit[p][s] == 1) return MultiplyDivide(t.HandleAmount[p][s], Dollars(1), Dollars(100));
-    return SlotAmount(t, bet, slot);
+    if (t.HandleUnit[p][s] == 1) return {t.HandleAmount[p][s], Dollars(100)};
+    return {SlotAmount(t, bet, slot), Dollars(1)};
 }
 
 currency ModifiedBet(const Table& t, const DecidedBet& bet, int slot) {
     const currency old = OldBet(t, bet);
+    const Factor factor = SlotFactor(t, bet, slot);
     switch (t.HandleOperator[At(bet.Position)][At(slot)]) {
         case 0:
             return old + SlotAmount(t, bet, slot);
         case 1:
             return old - SlotAmount(t, bet, slot);
         case 2:
-            return MultiplyBy(old, SlotFactor(t, bet, slot));
-        default: {
-            const currency divisor = SlotFactor(t, bet, slot);
-            const bool none = t.HandleAmount[At(bet.Position)][At(slot)] <= currency{} || divisor <= currency{};
-            return none ? old : MultiplyDivide(old, Dollars(1), divisor);
-        }
+            return MultiplyDivide(old, factor.Times, factor.Scale);
+        default:
+            return factor.Times <= currency{} ? old : MultiplyDivide(old, factor.Scale, factor.Times);
     }
 }
 
@@ -100,16 +108,25 @@ void BetRemainder(Table& t, const DecidedBet& bet) {
     Rebet(t, bet, std::max(currency{}, OldBet(t, bet) + bet.Result.NetResult), "Bet remainder");
 }
 
-void SameBetModified(Table& t, const DecidedBet& bet, int slot) {
+std::string ModifiedTitle(const Table& t, const DecidedBet& bet, int slot) {
+    if (t.HyperDriveActive) return {};
     const std::size_t p = At(bet.Position), s = At(slot);
-    std::string title = "Same bet " + std::string(OperatorWords[At(t.HandleOperator[p][s] & 3)]) + " " +
-                        std::string(UnitWord(t.HandleUnit[p][s]));
-    Rebet(t, bet, std::max(currency{}, ModifiedBet(t, bet, slot)), title);
+    return "Same bet " + std::string(OperatorWords[At(t.HandleOperator[p][s] & 3)]) + " " +
+           std::string(UnitWord(t.HandleUnit[p][s]));
+}
+
+void SameBetModified(Table& t, const DecidedBet& bet, int slot) {
+    Rebet(t, bet, std::max(currency{}, ModifiedBet(t, bet, slot)), ModifiedTitle(t, bet, slot));
 }
 
 void BetExactly(Table& t, const DecidedBet& bet, int slot) {
     const std::string title = "Bet " + std::string(UnitWord(t.HandleUnit[At(bet.Position)][At(slot)]));
     Rebet(t, bet, std::max(currency{}, SlotAmount(t, bet, slot)), title);
+}
+
+void NoBet(Table& t, const DecidedBet& bet) {
+    TakeBetDown(t, bet);
+    if (t.Front != nullptr && !t.HyperDriveActive) t.Front->RedrawBet(bet.Position, bet.BetRow);
 }
 
 int AskCode(Table& t, const DecidedBet& bet) {
@@ -118,14 +135,13 @@ int AskCode(Table& t, const DecidedBet& bet) {
 }
 
 /// The player's code; 0 is asked of the user, and stands for 1 where nobody can be asked.
-int CodeOf(Table& t, const DecidedBet& bet, int standing) {
-    if (standing != 0) return standing;
-    return t.HyperDriveActive ? 1 : AskCode(t, bet);
+Order OrderFor(Table& t, const DecidedBet& bet, int standing) {
+    if (standing != 0) return {standing, false};
+    return t.HyperDriveActive ? Order{} : Order{AskCode(t, bet), true};
 }
 
-void ActOnWinnersCode(Table& t, const DecidedBet& bet, int code, const Slots& slots) {
-    if (bet.MustTakeDown) code = 1;
-    switch (code) {
+void ActOnWinnersCode(Table& t, const DecidedBet& bet, const Order& order) {
+    switch (bet.MustTakeDown ? 1 : order.Code) {
         case 2:
             return SameBet(t, bet);
         case 3:
@@ -135,17 +151,16 @@ void ActOnWinnersCode(Table& t, const DecidedBet& bet, int code, const Slots& sl
         case 5:
             return Parlay(t, bet);
         case 6:
-            return SameBetModified(t, bet, slots.Same);
+            return SameBetModified(t, bet, WinnersSameSlot(order));
         case 7:
-            return BetExactly(t, bet, slots.Bet);
+            return BetExactly(t, bet, WinnersBetSlot(order));
         default:
-            return TakeBetDown(t, bet);
+            return NoBet(t, bet);
     }
 }
 
-void ActOnLosersCode(Table& t, const DecidedBet& bet, int code, const Slots& slots) {
-    if (bet.MustTakeDown) code = 1;
-    switch (code) {
+void ActOnLosersCode(Table& t, const DecidedBet& bet, const Order& order) {
+    switch (bet.MustTakeDown ? 1 : order.Code) {
         case 2:
             return SameBet(t, bet);
         case 3:
@@ -155,11 +170,11 @@ void ActOnLosersCode(Table& t, const DecidedBet& bet, int code, const Slots& slo
         case 5:
             return PressDouble(t, bet);
         case 6:
-            return SameBetModified(t, bet, slots.Same);
+            return SameBetModified(t, bet, LosersSameSlot(order));
         case 7:
-            return BetExactly(t, bet, slots.Bet);
+            return BetExactly(t, bet, LosersBetSlot(order));
         default:
-            return TakeBetDown(t, bet);
+            return NoBet(t, bet);
     }
 }
 
@@ -189,17 +204,17 @@ void HandleWinner(Table& t, DecidedBet& bet) {
         t.Front->PlaySound(SoundKind::Win, t.WinSoundIndex);
     }
     // The dialog shows the vig that the bet paid, so it is asked before the cell is cleared.
-    const int code = CodeOf(t, bet, standing);
+    const Order order = OrderFor(t, bet, standing);
     bet.Result.NetResult += ReleaseVig(t, bet);
-    ActOnWinnersCode(t, bet, code, standing == 0 ? WinnersDialog : WinnersOrders);
+    ActOnWinnersCode(t, bet, order);
 }
 
 void HandleLoser(Table& t, DecidedBet& bet) {
     const int standing = t.LoserHandling[At(bet.Position)];
     const bool nothingStood = IsZero(OldBet(t, bet));
-    const int code = standing == 0 && nothingStood ? 1 : CodeOf(t, bet, standing);
+    const Order order = standing == 0 && nothingStood ? Order{} : OrderFor(t, bet, standing);
     ReleaseVig(t, bet);
-    ActOnLosersCode(t, bet, code, standing == 0 ? LosersDialog : LosersOrders);
+    ActOnLosersCode(t, bet, order);
 }
 
 void HandleReturnedBet(Table& t, DecidedBet& bet) {
@@ -211,15 +226,12 @@ void HandleReturnedBet(Table& t, DecidedBet& bet) {
                        IsZero(t.BetAmount(p, FlatRowOf(row)));
     const bool asWinner = t.BetStreak(p, row) > 1;
     const int standing = asWinner ? t.WinnerHandling[At(p)] : t.LoserHandling[At(p)];
-    if (standing == 0 && !t.HyperDriveActive) {
-        const int code = AskCode(t, bet);
-        if (code == ReturnedMaxOdds && !bet.MustTakeDown) return MaxOutBet(t, p, row);
-        return ActOnWinnersCode(t, bet, code, WinnersDialog);
-    }
-    if (asWinner) {
-        ActOnWinnersCode(t, bet, standing, WinnersOrders);
+    const Order order = OrderFor(t, bet, standing);
+    if (order.Asked && order.Code == ReturnedMaxOdds && !bet.MustTakeDown) return MaxOutBet(t, p, row);
+    if (order.Asked || asWinner) {  // the dialog of a returned bet offers the winners' choices
+        ActOnWinnersCode(t, bet, order);
     } else {
-        ActOnLosersCode(t, bet, standing, LosersOrders);
+        ActOnLosersCode(t, bet, order);
     }
 }
 

@@ -33,7 +33,7 @@ class Request {
         : T(table), P(position), BetRow(betRow), Aloud(speak == Speak::Aloud) {
         Bet = T.BetAmount(P, BetRow);
         Unit = SmallestCheck(T);
-        Delta = IsMultipleOf(amount, Unit) ? amount : AwayFromZeroTo(amount, Unit);
+        Delta = AwayFromZeroTo(std::clamp(amount, -StackLimit, StackLimit), Unit);
         Delta = std::max(Delta, -Bet);
     }
 
@@ -59,6 +59,8 @@ class Request {
     bool Tells(int bit) const { return Aloud && MayNotify(T, bit); }
     currency Total() const { return Bet + Delta; }
     currency Established() const { return T.EstablishedBet(P, BetRow); }
+    /// What must stay of the bet.
+    currency Floor() const { return IsContract(T, BetRow) ? Established() : currency{}; }
 
     void Tell(const std::string& text, int hide) const {
         ShowNote(T, BetMessageTitle(BetRow), T.PlayerName[At(P)] + ",\n\n" + text, MsgButton::Ok | hide);
@@ -68,27 +70,27 @@ class Request {
     bool Increase() {
         const bool restorable = IsRestorable(BetRow);
         if (restorable && Total() <= Established()) return true;
-        const std::string refusal = RefusalOf(T, P, BetRow);
-        if (refusal.empty()) return true;
+        if (!IsRefused(T, P, BetRow)) return true;
         const currency restore = restorable ? std::max(currency{}, Established() - Bet) : currency{};
         if (Tells(1)) {
-            Tell(refusal + (restorable ? RestoreSentence(Established(), Bet) : ""),
+            Tell(RefusalText(BetRow) + (restorable ? RestoreSentence(Established(), Bet) : ""),
                  MsgButton::Stop | MsgButton::HideRefusals);
         }
         Delta = restore;
         return !IsZero(Delta);
     }
 
-    /// Contract bets never fall below what the dice have established. False when nothing is left of the change.
+    /// Contract bets never fall below what the dice have established. False when nothing is left of the request: then
+    /// the bet isn't adjusted either.
     bool HoldContract() {
-        if (!IsContract(T, BetRow) || Total() >= Established()) return true;
+        if (Total() >= Floor()) return true;
         if (Tells(1))
             Tell(ContractRefusal(BetRow, Delta, Bet, Established()), MsgButton::Stop | MsgButton::HideRefusals);
-        Delta = Established() - Bet;
+        Delta = Floor() - Bet;
         return !IsZero(Delta);
     }
 
-    bool AtContract() const { return IsContract(T, BetRow) && !IsZero(Established()) && Total() <= Established(); }
+    bool AtContract() const { return !IsZero(Floor()) && Total() <= Floor(); }
 
     void HoldMinimum() {
         Min = MinimumBet(T, BetRow);
@@ -96,8 +98,8 @@ class Request {
         if (Delta > currency{}) {
             Delta = Min - Bet;
             if (Tells(2)) Text = LimitText("The minimum " + std::string(BetName(BetRow)) + " bet", Min);
-        } else {
-            Delta = -Bet;
+        } else if (Delta < currency{}) {
+            Delta = Floor() - Bet;
         }
     }
 
@@ -105,7 +107,7 @@ class Request {
         if (Total() <= currency{}) return;
         Max = MaximumBet(T, P, BetRow);
         if (Total() <= Max) return;
-        const bool flatContract = BetRow == Row::PassLine || IsComeNumber(BetRow);
+        const bool flatContract = BetRow == Row::PassLine || IsContract(T, BetRow);
         const bool outgrown = flatContract && Established() > Max;
         if (Tells(2)) {
             const std::string name(BetName(BetRow));
@@ -145,12 +147,15 @@ class Request {
         if (Committed() > bankroll) Delta -= Committed() - bankroll;
         Delta = std::max(currency{}, FloorTo(Delta, Unit));
         const bool belowMinimum = Total() > currency{} && Total() < Min;
-        if (belowMinimum) Delta = -Bet;
+        if (belowMinimum) Delta = Floor() - Bet;
         if (Tells(2)) TellShortBankroll(belowMinimum);
     }
 
     void TellShortBankroll(bool belowMinimum) const {
-        const bool otherBets = T.BetsOnTable[At(P)] > Bet;
+        currency own = Bet;
+        if (IsBuy(BetRow) && T.BuyVigOnAllBets) own += T.BuyVigCharged[At(P)][At(BetRow - Row::Buy4)];
+        if (IsLay(BetRow) && T.LayVigOnAllBets) own += T.LayVigCharged[At(P)][At(BetRow - Row::Lay4)];
+        const bool otherBets = T.BetsOnTable[At(P)] > own;
         std::string text = "Your bankroll is not sufficient for this bet.";
         if (belowMinimum) text += "\n" + LimitText("The minimum " + std::string(BetName(BetRow)) + " bet", Min);
         text += "\n\nYour options are: ";
@@ -265,6 +270,7 @@ void RemoveBet(Table& t, int p, int row) {
 }
 
 void MaxOutBet(Table& t, int p, int row) {
+    if (!IsOffered(t, row)) return;
     CheckBetRules(t, p, row, -t.BetAmount(p, row), Speak::Silent);
     CheckBetRules(t, p, row, BankrollLimit, Speak::Silent);
     if (Redraws(t)) t.Front->RedrawBet(p, row);
@@ -384,8 +390,9 @@ void SetBetWorking(Table& t, int p, int row, int state) {
     const bool called = state == 2 || state == -1;
     if (!called && t.WorkingOverlay != 0) {
         // Under the overlay an uncalled bet has the state of the point; any other one needs the cells themselves.
+        // So has one made while the point is moving, before long: once the bets of the roll are settled.
         t.WorkingCells(p, row) = static_cast<std::int8_t>(state);
-        if (OverlaidState(t, p, row) == state) return;
+        if (t.PointMoving || OverlaidState(t, p, row) == state) return;
         SettleWorkingCells(t);
     }
     t.WorkingCells(p, row) = static_cast<std::int8_t>(state);

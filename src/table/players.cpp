@@ -10,6 +10,7 @@
 #include "table/format.h"
 #include "table/messages.h"
 #include "table/placement.h"
+#include "table/rolldice.h"
 #include "table/screen.h"
 #include "table/settlement.h"
 
@@ -205,15 +206,16 @@ std::string NameRefusal(const Table& t, const std::string& name, int exceptPosit
            "Please enter a different name.";
 }
 
-std::string AddPlayer(Table& t, int p, const std::string& name, currency buyIn) {
+std::string AddPlayer(Table& t, int p, const std::string& givenName, currency buyIn) {
+    const std::string name(Trim(givenName));
     if (p < 1 || p >= Positions) return "There is no such position.";
     if (IsSeated(t, p)) return "That position is taken.";
-    if (Trim(name).empty()) return "A player needs a name.";
+    if (name.empty()) return "A player needs a name.";
     if (std::string refusal = NameRefusal(t, name, 0); !refusal.empty()) return refusal;
     if (std::string refusal = BuyInRefusal(buyIn); !refusal.empty()) return refusal;
     ClearPosition(t, p);
-    t.PlayerName[At(p)] = std::string(Trim(name));
-    t.SessionsLogName[At(p)] = SessionsLogNameOf(t.PlayerName[At(p)]);
+    t.PlayerName[At(p)] = name;
+    t.SessionsLogName[At(p)] = SessionsLogNameOf(name);
     SetBeginningBankroll(t, p, buyIn);
     t.BankrollStartAmount[At(p)] = buyIn;
     t.PrevBankroll[At(p)] = t.BankrollAtRollStart[At(p)] = buyIn;
@@ -231,13 +233,14 @@ std::string AddPlayer(Table& t, int p, const std::string& name, currency buyIn) 
 }
 
 bool AskAddPlayer(Table& t, int p) {
+    if (p < 1 || p >= Positions || IsSeated(t, p)) return false;
     if (!AskYesNo(t, "Add New Player?", "Would you like to add a player here?")) return false;
     const std::string name = AskName(t, "Add New Player", "What's the new player's name?", 0);
     if (name.empty()) return false;
     for (;;) {
         const std::string question = "How much would " + name + " like to buy-in for?";
         const Answer answer = ShowMessage(t, {"Bankroll", question, MsgButton::InputQuestion, 400, {}, {}});
-        if (answer.Result != MsgAnswer::Ok) return false;
+        if (answer.Result != MsgAnswer::Ok || Trim(answer.Input).empty()) return false;
         const auto amount = ParseAmount(answer.Input);
         if (!amount) continue;
         const std::string refusal = BuyInRefusal(*amount);
@@ -246,12 +249,13 @@ bool AskAddPlayer(Table& t, int p) {
     }
 }
 
-std::string RenamePlayer(Table& t, int p, const std::string& name) {
-    if (!IsSeated(t, p)) return "There is no player at that position.";
-    if (Trim(name).empty()) return "A player needs a name.";
+std::string RenamePlayer(Table& t, int p, const std::string& givenName) {
+    const std::string name(Trim(givenName));
+    if (p < 1 || p >= Positions || !IsSeated(t, p)) return "There is no player at that position.";
+    if (name.empty()) return "A player needs a name.";
     if (std::string refusal = NameRefusal(t, name, p); !refusal.empty()) return refusal;
     const std::string old = t.PlayerName[At(p)];
-    t.PlayerName[At(p)] = std::string(Trim(name));
+    t.PlayerName[At(p)] = name;
     t.GameChanged = true;
     LogRenamed(t, old, t.PlayerName[At(p)]);
     Redraw(t);
@@ -286,6 +290,7 @@ void RemovePlayer(Table& t, int p) {
     if (t.ActivePlayer == p) t.ActivePlayer = FirstPlayer(t);
     t.GameChanged = true;
     Redraw(t);
+    PlayComeOutCall(t);
 }
 
 bool AskRemovePlayer(Table& t, int p) {
@@ -300,7 +305,7 @@ bool AskRemovePlayer(Table& t, int p) {
 }
 
 void MovePlayer(Table& t, int from, int to) {
-    if (from == to || from < 1 || to < 1 || from >= Positions || to >= Positions) return;
+    if (from == to || from < 1 || to < 1 || from >= Positions || to >= Positions || !IsSeated(t, from)) return;
     SettleHandShooter(t);
     SwapBets(t, from, to);
     SwapSettings(t, from, to);

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <exception>
 #include <string>
 
 #include "autoplay/autoplay.h"
@@ -407,6 +408,7 @@ void EndHand(Table& t) {
 }
 
 void FollowPoint(Table& t) {
+    t.PointMoving = false;
     if (t.Point == t.PrevPoint) return;
     ApplyPointWorking(t);
     if (t.Point == 0) return;
@@ -437,6 +439,7 @@ bool RollOnce(Table& t, bool& fileEnded) {
     TallyRoll(t);
     MarkSpecials(t);
     DecideLine(t);
+    t.PointMoving = t.Point != t.PrevPoint;
     if (t.EventsLogOn) BeginLogBlock(t);
     ResolveBets(t);
     ResolveMarks(t);
@@ -496,24 +499,6 @@ void WaitWhile(Table& t, std::int64_t milliseconds, GoOn goOn) {
 bool GoalReached(const Table& t) { return t.RunUntilRoll > 0 && SessionRolls(t) >= t.RunUntilRoll; }
 
 /// False when the run ends here.
-bool GoesOnInHyperDrive(Table& t, Pump& pump) {
-    pump.Serve(t);
-    if (!t.AutoRollActive) return false;
-    if (!t.HyperDriveActive) return true;
-    const bool autoStop = AutoStopDue(t);
-    if (autoStop && t.StopReason.empty()) t.StopReason = "Stopped by Auto-Stop.";
-    if (autoStop || GoalReached(t)) {
-        StopAutoRoll(t);
-        return false;
-    }
-    if (t.HyperThrottle > 0) {
-        const int throttle = t.HyperThrottle;
-        WaitWhile(t, std::int64_t{10} * throttle * throttle,
-                  [&] { return t.HyperDriveActive && t.HyperThrottle == throttle; });
-    }
-    return t.AutoRollActive;
-}
-
 bool GoesOnInAutoRoll(Table& t) {
     if (t.Front != nullptr) t.Front->RedrawTable();
     if (!t.AutoRollActive) return false;
@@ -529,8 +514,26 @@ bool GoesOnInAutoRoll(Table& t) {
     const std::int64_t delay = t.AutoRollDelay.TenThousandths / 10;  // seconds to milliseconds
     WaitWhile(t, delay, [&] { return t.AutoRollActive && !t.HyperDriveActive; });
     if (!t.AutoRollActive) return false;
-    if (t.Point == 0) PlayStickCall(t, ComeOutSound);
+    PlayComeOutCall(t);
     return true;
+}
+
+bool GoesOnInHyperDrive(Table& t, Pump& pump) {
+    pump.Serve(t);
+    if (!t.AutoRollActive) return false;
+    if (!t.HyperDriveActive) return GoesOnInAutoRoll(t);
+    const bool autoStop = AutoStopDue(t);
+    if (autoStop && t.StopReason.empty()) t.StopReason = "Stopped by Auto-Stop.";
+    if (autoStop || GoalReached(t)) {
+        StopAutoRoll(t);
+        return false;
+    }
+    if (t.HyperThrottle > 0) {
+        const int throttle = t.HyperThrottle;
+        WaitWhile(t, std::int64_t{10} * throttle * throttle,
+                  [&] { return t.HyperDriveActive && t.HyperThrottle == throttle; });
+    }
+    return t.AutoRollActive;
 }
 
 /// Either mode may have become the other while the user was served.
@@ -546,7 +549,7 @@ class RollGuard {
     ~RollGuard() {
         T.RollInProgress = false;
         T.PadRollPending = false;
-        T.FireHandReset = false;
+        T.FireHandReset = T.PointMoving = false;
     }
     RollGuard(const RollGuard&) = delete;
     RollGuard& operator=(const RollGuard&) = delete;
@@ -575,9 +578,16 @@ void FinishCall(Table& t, bool fileEnded) {
     if (t.DiceFileMode == 1) FlushDiceFile(t);
     if (fileEnded) RewindQuestion(t);
     t.StopReason.clear();
-    if (t.Point != 0 || (t.PlayerCount == 0 && t.ShooterBetRequirement > 0)) return;
-    if (HandRolls(t) == 0) PlayStickCall(t, NewHandSound);
-    PlayStickCall(t, ComeOutSound);
+    PlayComeOutCall(t);
+}
+
+void RollUntilStopped(Table& t) {
+    if (!ReadyToRoll(t)) return;
+    Pump pump;
+    bool fileEnded = false;
+    while (RollOnce(t, fileEnded) && RunGoesOn(t, pump)) {
+    }
+    FinishCall(t, fileEnded);
 }
 
 }  // namespace
@@ -589,15 +599,22 @@ void SetOddsRowsForPoint(Table& t) {
     t.Payoff[Row::PassLineOdds] = t.Payoff[At(Row::Come4Odds + n)];
 }
 
+void PlayComeOutCall(Table& t) {
+    if (t.Point != 0 || (t.PlayerCount == 0 && t.ShooterBetRequirement > 0)) return;
+    if (HandRolls(t) == 0) PlayStickCall(t, NewHandSound);
+    PlayStickCall(t, ComeOutSound);
+}
+
 void RollDice(Table& t) {
     if (t.RollInProgress) return;
     RollGuard guard(t);
-    if (!ReadyToRoll(t)) return;
-    Pump pump;
-    bool fileEnded = false;
-    while (RollOnce(t, fileEnded) && RunGoesOn(t, pump)) {
+    try {
+        RollUntilStopped(t);
+    } catch (const std::exception&) {
+        constexpr int internalError = 51;
+        ReportFault(t, internalError, "RollDice");
+        StopAutoRoll(t);
     }
-    FinishCall(t, fileEnded);
 }
 
 void PadRoll(Table& t, int die1, int die2) {

@@ -1,5 +1,7 @@
 #include "table/session.h"
 
+#include <algorithm>
+
 #include "config/configure.h"
 #include "config/payoffs.h"
 #include "dice/dice.h"
@@ -19,18 +21,17 @@ namespace {
 
 std::size_t At(int i) { return static_cast<std::size_t>(i); }
 
-void LoseAbandoned(Table& t, int row) {
-    for (int i = 1; i < Positions; ++i) SettleAbandoned(t, PayOrder[At(i)], row);
-}
-
 void LoseContractBets(Table& t) {
     if (t.ReturnAbandonedBets) return;
     BeginLogBlock(t);
-    if (t.Point != 0) {
-        LoseAbandoned(t, Row::PassLine);
-        LoseAbandoned(t, Row::SevenPoint7);
-    }
-    for (int row = Row::Come4; row <= Row::Come10; ++row) LoseAbandoned(t, row);
+    const auto lose = [&](int first, int second) {
+        for (int i = 1; i < Positions; ++i) {
+            SettleAbandoned(t, PayOrder[At(i)], first);
+            if (second != 0) SettleAbandoned(t, PayOrder[At(i)], second);
+        }
+    };
+    if (t.Point != 0) lose(Row::PassLine, Row::SevenPoint7);
+    for (int row = Row::Come4; row <= Row::Come10; ++row) lose(row, 0);
 }
 
 void ReportEndedSessions(Table& t) {
@@ -75,8 +76,9 @@ void TakeAllBetsDown(Table& t, bool keepStacks) {
 /// Rule 1 asks; whoever gives no amount carries the bankroll forward.
 currency AskedBankroll(Table& t, int p, currency carried) {
     const std::string question = "Enter " + t.PlayerName[At(p)] + "'s beginning bankroll:";
+    const std::string offered = PlainAmount(std::clamp(carried, -BankrollLimit, BankrollLimit));
     for (;;) {
-        const Message message{"Beginning Bankroll", question, MsgButton::InputQuestion, 400, PlainAmount(carried), {}};
+        const Message message{"Beginning Bankroll", question, MsgButton::InputQuestion, 400, offered, {}};
         const Answer answer = ShowMessage(t, message);
         if (answer.Result != MsgAnswer::Ok) return carried;
         const auto amount = ParseAmount(answer.Input);
