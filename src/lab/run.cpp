@@ -16,6 +16,7 @@
 #include "lab/labtable.h"
 #include "lab/runscreen.h"
 #include "lab/runsummary.h"
+#include "lab/texttable.h"
 #include "stats/accumulators.h"
 #include "table/format.h"
 #include "table/messages.h"
@@ -178,15 +179,15 @@ std::string RunCommand(const RunOptions& options) {
 }
 
 int Run(const RunOptions& options) {
+    CatchInterrupts();
     Plan plan(options);
     RunScreen setupScreen;
     const std::string fault = Prepare(plan, setupScreen);
     plan.Start->Front = nullptr;
     if (!fault.empty()) {
-        std::fprintf(stderr, "tarnwick-lab run: %s\n", fault.c_str());
+        std::fprintf(stderr, "tarnwick-lab run: %s\n", OneLine(fault).c_str());
         return 2;
     }
-    CatchInterrupts();
     const auto start = std::chrono::steady_clock::now();
     const RunSummary summary = PlayOnThreads(plan, JobsToUse(options));
     const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - start;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "lab/interrupt.h"
+#include "lab/texttable.h"
 #include "stats/accumulators.h"
 #include "table/placement.h"
 #include "table/rundriver.h"
@@ -13,19 +14,6 @@ namespace {
 
 /// Rolls between two looks at the clock of the world: Ctrl-C and the count for the progress line.
 constexpr std::int64_t Stride = 4096;
-
-/// Line breaks of a message as one line.
-std::string OneLine(std::string_view text) {
-    std::string line;
-    for (const char c : text) {
-        if (c != '\n') {
-            line += c;
-        } else if (!line.empty() && line.back() != ' ') {
-            line += ' ';
-        }
-    }
-    return line;
-}
 
 }  // namespace
 
