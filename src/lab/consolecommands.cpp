@@ -11,7 +11,6 @@
 #include "dice/dicefile.h"
 #include "lab/consolereports.h"
 #include "lab/labtable.h"
-#include "lab/rollhost.h"
 #include "lab/texttable.h"
 #include "stats/accumulators.h"
 #include "stats/eventslog.h"
@@ -280,10 +279,9 @@ void RollByItself(Console& c, std::uint64_t rolls, int throttle) {
     const std::int32_t userThrottle = c.T.HyperThrottle;
     c.Screen.LastStopReason.clear();
     c.T.HyperThrottle = throttle;
-    {
-        const StopAtRolls stop(c.T, SessionRolls(c.T) + static_cast<std::int64_t>(rolls));
-        ToggleAutoRoll(c.T);
-    }
+    c.T.RunUntilRoll = SessionRolls(c.T) + static_cast<std::int32_t>(rolls);
+    ToggleAutoRoll(c.T);
+    c.T.RunUntilRoll = 0;
     c.T.HyperThrottle = userThrottle;
     teller.Tell();
 }
