@@ -351,6 +351,14 @@ void MoveContractBet(Table& t, int p, int fromRow, int toRow) {
     if (t.EventsLogOn) LogContractMove(t, p, fromRow, toRow);
 }
 
+void RedrawAllBets(Table& t) {
+    if (!Redraws(t)) return;
+    for (int row = 1; row <= Row::LastStack; ++row) {
+        if (Row::LastBet < row && row < Row::FirstStack) continue;
+        for (int p = 1; p < Positions; ++p) t.Front->RedrawBet(p, row);
+    }
+}
+
 void ResetBetWorking(Table& t, int p, int row) {
     if (row > Row::LastBet) return;
     if (t.RollInProgress && t.WorkingOverlay != 0) {

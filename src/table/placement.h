@@ -42,6 +42,9 @@ bool CallBet(Table& t, int p, int row, bool on, bool fromScript = false);
 /// Moves what stands in the Come (45) or Don't Come (48) box of p to row 19..24 or 7..12.
 void MoveContractBet(Table& t, int p, int fromRow, int toRow);
 
+/// Shows every bet and CheckStack anew, outside Hyper-Drive.
+void RedrawAllBets(Table& t);
+
 /// Sets the state of a new bet on row 1..91: ComeOutWorking on a come-out, else 1.
 void ResetBetWorking(Table& t, int p, int row);
 

@@ -289,6 +289,7 @@ void RemovePlayer(Table& t, int p) {
     LeaveShooting(t, p);
     if (t.ActivePlayer == p) t.ActivePlayer = FirstPlayer(t);
     t.GameChanged = true;
+    RedrawAllBets(t);
     Redraw(t);
     PlayComeOutCall(t);
 }
@@ -317,6 +318,7 @@ void MovePlayer(Table& t, int from, int to) {
     t.GameChanged = true;
     LogMovedSeat(t, to, to);
     if (IsSeated(t, from)) LogMovedSeat(t, from, from);
+    RedrawAllBets(t);
     Redraw(t);
 }
 

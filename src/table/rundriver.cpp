@@ -6,6 +6,7 @@
 #include "stats/accumulators.h"
 #include "table/format.h"
 #include "table/messages.h"
+#include "table/placement.h"
 #include "table/rolldice.h"
 #include "table/screen.h"
 
@@ -17,13 +18,6 @@ constexpr int AutoRollThrottle = 12;
 
 void TellRunState(Table& t) {
     if (t.Front != nullptr) t.Front->RunStateChanged(t.AutoRollActive, t.HyperDriveActive);
-}
-
-void RedrawAllBets(Table& t) {
-    for (int row = 1; row <= Row::LastStack; ++row) {
-        if (Row::LastBet < row && row < Row::FirstStack) continue;
-        for (int p = 1; p < Positions; ++p) t.Front->RedrawBet(p, row);
-    }
 }
 
 std::string ScriptQuestion(const Table& t) {
@@ -53,9 +47,8 @@ void StopAutoRoll(Table& t) {
     TellRunState(t);
     if (!hyperDrive) return;
     if (!t.StopReason.empty()) ShowNote(t, "Hyper-Drive Stopped", t.StopReason);
-    if (t.Front == nullptr) return;
     RedrawAllBets(t);
-    t.Front->RedrawTable();
+    if (t.Front != nullptr) t.Front->RedrawTable();
 }
 
 void ToggleAutoRoll(Table& t) {
@@ -78,7 +71,7 @@ void SetHyperThrottle(Table& t, int throttle) {
     if (hyperDrive == t.HyperDriveActive) return;
     t.HyperDriveActive = hyperDrive;
     TellRunState(t);
-    if (!hyperDrive && t.Front != nullptr) RedrawAllBets(t);
+    if (!hyperDrive) RedrawAllBets(t);
 }
 
 bool GuardCommand(Table& t) {

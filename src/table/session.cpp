@@ -155,6 +155,7 @@ void NewSession(Table& t, const SessionOptions& options) {
     if (t.ReSeedNewSessions) SeedRNG(t, SeedMode::Normal, options.Ask && !t.HyperDriveActive);
     TreatDiceFile(t, options.File);
     t.GameChanged = true;
+    RedrawAllBets(t);
     if (t.Front == nullptr || t.HyperDriveActive) return;
     t.Front->RedrawTable();
     t.Front->RefreshOpenWindows();

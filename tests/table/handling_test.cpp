@@ -364,6 +364,22 @@ TEST_F(HandlingTest, NobodyIsAskedInHyperDriveNorAboutABetThatWasNotThere) {
     EXPECT_EQ(Amount(1, Row::Field), currency{});
 }
 
+TEST_F(HandlingTest, TheFeltShowsWhatBecameOfABet) {
+    struct Case {
+        int Code;
+        bool HyperDrive;
+    };
+    for (const Case& c : {Case{1, false}, Case{2, false}, Case{1, true}, Case{2, true}}) {
+        Restart();
+        t.LoserHandling[1] = c.Code;
+        t.HyperDriveActive = c.HyperDrive;
+        PlaceSix();
+        Front.BetRedraws = 0;
+        Roll(3, 4);
+        EXPECT_EQ(Front.BetRedraws > 0, !c.HyperDrive) << c.Code;
+    }
+}
+
 struct ReturnedOddsTest : HandlingTest {
     /// A Come 6 with odds of 10 on a come-out roll, where odds are off.
     void ComeSixOnTheComeOut() {

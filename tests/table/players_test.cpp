@@ -237,7 +237,9 @@ TEST_F(PlayersTest, MovingTakesEverythingAlong) {
     t.EventsLogOn = true;
     const Table before = t;
     Front.Logged.clear();
+    Front.BetRedraws = 0;
     MovePlayer(t, 2, 7);
+    EXPECT_GT(Front.BetRedraws, 0);
     EXPECT_EQ(t.PlayerName[7], "Ann");
     EXPECT_FALSE(IsSeated(t, 2));
     for (int row = 1; row <= Row::LastRow; ++row) {

@@ -108,7 +108,9 @@ TEST_F(SessionTest, TheTableIsFreshAndNothingIsTakenForAChange) {
     SessionOptions options = Options();
     options.KeepCheckStacks = true;
     t.BankrollStartRule[1] = 0;
+    Front.BetRedraws = 0;
     NewSession(t, options);
+    EXPECT_GT(Front.BetRedraws, 0) << "the felt is cleared";
     EXPECT_THAT((std::vector<int>{t.Point, t.PrevPoint, t.PrevPrevPoint, t.LastPoint, t.MarkedNumbers, t.FourRollsCount,
                                   t.PointsMadeMask, t.PointsMadeCount, t.HandComeouts, t.HandPasses, t.HandMisses}),
                 testing::Each(0));
