@@ -21,11 +21,9 @@ struct Compilation {
     std::array<std::string, 9> PlayerNames;  ///< by position 1..8; empty for an empty position
 
     // --- made ---
-    std::vector<Element> Elements;   ///< [0] is unused
-    std::vector<PoolString> Pool;    ///< [0] is the empty text
-    std::vector<int> NumbersBehind;  ///< indexes of statistic elements that are plain numbers of the source, ascending
-    std::vector<int> LineLevels;     ///< nesting level of each source line, made by CompileLogic; [0] is line 1
-    Tree Program;                    ///< made by CompileCheck
+    std::vector<Element> Elements;  ///< [0] is unused
+    std::vector<PoolString> Pool;   ///< [0] is the empty text
+    Tree Program;                   ///< made by CompileCheck
 };
 
 using Pass = std::optional<CompileError> (*)(Compilation&);
@@ -40,7 +38,7 @@ std::optional<CompileError> CompileVariablesOrganize(Compilation& c);
 std::optional<CompileError> ExpandGroups(Compilation& c);
 /// Variables and functions that are assigned to become targets.
 std::optional<CompileError> MarkAssignments(Compilation& c);
-/// Jump targets, label indexes, line levels.
+/// Jump targets, label indexes.
 std::optional<CompileError> CompileLogic(Compilation& c);
 /// Proves every statement and makes Program.
 std::optional<CompileError> CompileCheck(Compilation& c);
@@ -50,15 +48,15 @@ struct NamedPass {
     Pass Run;
 };
 
-constexpr std::array<NamedPass, 7> Passes = {{{"translate", TranslatePhrases},
-                                              {"structure", CompileStructure},
-                                              {"organise", CompileVariablesOrganize},
-                                              {"expand", ExpandGroups},
-                                              {"mark", MarkAssignments},
-                                              {"logic", CompileLogic},
-                                              {"check", CompileCheck}}};
+constexpr std::array<NamedPass, 7> CompilePasses = {{{"translate", TranslatePhrases},
+                                                     {"structure", CompileStructure},
+                                                     {"organise", CompileVariablesOrganize},
+                                                     {"expand", ExpandGroups},
+                                                     {"mark", MarkAssignments},
+                                                     {"logic", CompileLogic},
+                                                     {"check", CompileCheck}}};
 
-/// Runs the passes up to and including `lastPass` (a name of Passes) on c's source. Stops at the first error.
+/// Runs the passes up to and including `lastPass` (a name of CompilePasses) on c's source. Stops at the first error.
 std::optional<CompileError> CompileAutobets(Compilation& c, std::string_view lastPass = "check");
 
 }  // namespace tarnwick
