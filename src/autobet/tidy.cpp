@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <utility>
 
 #include "autobet/element.h"
 #include "autobet/text.h"
@@ -205,12 +206,12 @@ class KeywordScan {
             } else if (c == '"') {
                 const std::size_t end = QuoteEnd(Line, At);
                 while (At < end) Step();
-                Half = 0;
+                Forget();
             } else if (c == ':') {
                 Colon();
             } else if (In(c, WordBreaks)) {
                 Step();
-                Half = 0;
+                Forget();
             } else {
                 Word();
             }
@@ -222,6 +223,11 @@ class KeywordScan {
     void Step() {
         ++At;
         if (At >= Line.size() || !ContinuesCharacter(Line[At])) ++Column;
+    }
+
+    void Forget() {
+        Half = 0;
+        LastWasColon = false;
     }
 
     void Colon() {
