@@ -10,6 +10,7 @@ namespace {
 /// A group in the index of "player( )" is copied with every member of the group around it, so that a few nested ones
 /// would fill any memory. No script that anybody means comes near.
 constexpr std::size_t MostElements = 2'000'000;
+constexpr int MostNested = 50;
 
 struct Members {
     int First, Last, Step;
@@ -72,7 +73,7 @@ class Expander {
     /// False when the result would grow beyond all bounds.
     bool Run(std::size_t from, std::size_t to) {
         for (std::size_t i = from; i < to;) {
-            if (Out.size() > MostElements) return false;
+            if (Out.size() > MostElements || Nested > MostNested) return false;
             const Element& e = List[i];
             if (e.Code != Code::Variable || !IsGroup(NumberOf(e))) {
                 Copy(i++);
@@ -84,7 +85,9 @@ class Expander {
                 if (row > members.First) Out.push_back({Code::Comma, 0});
                 Out.push_back({Code::Variable, static_cast<double>(row)});
                 Variable = row;
+                ++Nested;
                 if (!Run(i + 1, end)) return false;
+                --Nested;
             }
             i = end;
         }
@@ -97,6 +100,11 @@ class Expander {
     void Copy(std::size_t i) {
         Element e = List[i];
         const int number = e.Code == Code::Statistic ? NumberOf(e) : 0;
+        if (e.Code == Code::Open) Outside.push_back(Variable);
+        if (e.Code == Code::Close) {
+            Variable = Outside.back();
+            Outside.pop_back();
+        }
         if (e.Code == Code::Variable) Variable = NumberOf(e);
         if (e.Code == Code::Function && IsBetFunction(NumberOf(e))) Variable = 1;
         // Only bets have figures; behind rolls and points the number is one of the dice.
@@ -106,7 +114,9 @@ class Expander {
     }
 
     const std::vector<Element>& List;
-    int Variable = 0;  // the one that the next qualifiers belong to
+    int Nested = 0;            // groups whose qualifiers are being copied
+    int Variable = 0;          // the one that the next qualifiers belong to
+    std::vector<int> Outside;  // the one that each open bracket stands behind
 };
 
 }  // namespace

@@ -242,8 +242,7 @@ class Area {
     /// The element at hand, a function with its bracket, or a whole bracket.
     Piece TakePiece() {
         const Element* const first = At;
-        if (At->Code == Code::Function) ++At;
-        At += At->Code == Code::Open ? NumberOf(*At) : 1;
+        At += At->Code == Code::Function ? 2 : 1;
         return Piece(first, At);
     }
 
@@ -270,34 +269,60 @@ class Area {
     bool BehindVariable = false;
 };
 
+/// Puts the brackets back into `list`, in which an Open with Value n stands for all of brackets[n].
+Piece Unfold(const Piece& list, const std::vector<Piece>& brackets) {
+    struct Place {
+        const Piece* In;
+        std::size_t At;
+    };
+    Piece out;
+    std::vector<Place> open = {{&list, 0}};
+    while (!open.empty()) {
+        Place& place = open.back();
+        if (place.At == place.In->size()) {
+            open.pop_back();
+            if (!open.empty()) Append(out, Code::Close, 1);
+            continue;
+        }
+        const Element& e = (*place.In)[place.At++];
+        if (e.Code != Code::Open) {
+            out.push_back(e);
+            continue;
+        }
+        Append(out, Code::Open, 1);
+        open.push_back({&brackets[static_cast<std::size_t>(NumberOf(e))], 0});
+    }
+    return out;
+}
+
 }  // namespace
 
 std::optional<CompileError> CompileVariablesOrganize(Compilation& c) {
     const int own = c.Slot == 0 ? c.Bettor : c.Slot;
-    std::vector<Element> list(1);
+    Piece list(1);
     std::vector<std::size_t> open;  // brackets in `list` that are not closed yet
-    Piece written;
+    std::vector<Piece> brackets;    // the contents of those that are
     for (std::size_t i = 1; i < c.Elements.size(); ++i) {
-        list.push_back(c.Elements[i]);
-        if (c.Elements[i].Code == Code::Open) open.push_back(list.size() - 1);
-        if (c.Elements[i].Code != Code::Close) continue;
+        if (c.Elements[i].Code == Code::Open) open.push_back(list.size());
+        if (c.Elements[i].Code != Code::Close) {
+            list.push_back(c.Elements[i]);
+            continue;
+        }
         const std::size_t bracket = open.back();
         open.pop_back();
-        written.clear();
-        Area area(list.data() + bracket + 1, list.data() + list.size() - 1, own);
-        if (list.size() - 1 > bracket + 1 && !area.Rewrite(written)) return ErrorAt(c.Elements, i, area.Text);
-        list.resize(bracket + 1);
-        list.insert(list.end(), written.begin(), written.end());
-        list.push_back({Code::Close, 1});
-        list[bracket].Value = static_cast<double>(list.size() - bracket);
+        Piece written;
+        Area area(list.data() + bracket + 1, list.data() + list.size(), own);
+        if (!area.Rewrite(written)) return ErrorAt(c.Elements, i, area.Text);
+        list.resize(bracket);
+        Append(list, Code::Open, static_cast<double>(brackets.size()));
+        brackets.push_back(std::move(written));
     }
     Piece outside(1);
     Area area(list.data() + 1, list.data() + list.size(), own);
-    if (!area.Rewrite(outside)) return ErrorAt(list, static_cast<std::size_t>(area.Spot - list.data()), area.Text);
-    for (Element& e : outside) {
-        if (e.Code == Code::Open) e.Value = 1;
+    if (!area.Rewrite(outside)) {
+        return ErrorAt(list, static_cast<std::size_t>(area.Spot - list.data()), area.Text);
     }
-    c.Elements.swap(outside);
+    c.Elements = Unfold(outside, brackets);
     return std::nullopt;
 }
 
