@@ -131,10 +131,10 @@ bool KeepsBracketApart(const std::string& word) {
 bool Joined(const Words& words, std::size_t i) {
     const std::string& last = words[i - 1];
     const std::string& next = words[i];
-    if (IsQuoted(last) || IsQuoted(next)) return false;
     if (next == ")" || next[0] == ';' || next[0] == ',') return true;
     if (next == "(") return !KeepsBracketApart(last);
     if (last == "(") return true;
+    if (IsQuoted(last) || IsQuoted(next)) return false;
     if (last.back() == '$') return IsNumericWord(next);
     if (last != "-" || !(IsDigit(next[0]) || next[0] == '.')) return false;
     return i == 1 || (!IsQuoted(words[i - 2]) && In(words[i - 2].back(), "=(^*/\\"));
