@@ -91,8 +91,8 @@ constexpr bool IsTarget(const Element& e) { return e.Code == Code::TargetVariabl
 constexpr bool IsQualifier(const Element& e) { return Code::Statistic <= e.Code && e.Code <= Code::Player; }
 constexpr int LineOf(const Element& marker) { return marker.Code - Code::Marker; }
 constexpr int ColumnOf(const Element& marker) { return static_cast<int>(marker.Value); }
-/// The number in an element's value: codes and indexes are whole.
-constexpr int NumberOf(const Element& e) { return static_cast<int>(e.Value); }
+/// The number in an element's value: codes and indexes are whole. Of a plain number that no index can be it is 0.
+constexpr int NumberOf(const Element& e) { return e.Value > -2e9 && e.Value < 2e9 ? static_cast<int>(e.Value) : 0; }
 
 /// One text of a script. Pools are counted from 1; place 0 is the empty text.
 struct PoolString {

@@ -83,6 +83,7 @@ TEST(Organise, WritesReferencesInOneOrderWithDefaults) {
         {"If # rolls die2 face6 = # rolls points", "IF | V2500 P0 H3 Y89 = V2500 P0 H3 Y15"},
         {"If # passes natural = # misses 12 last hand", "IF | V2602 P0 H3 Y14 = V2604 P0 H2 Y12"},
         {"If # of points 4 passed = % of points", "IF | V4606 P0 H3 X7 Y4 = V4607 P0 H3 X6 Y0"},
+        {"If cs1 = 5e55 # of points 5e55", "IF | V101 P1 = 5E+55 V4606 P0 H3 X6 Y5E+55"},
         {"If # of points 25", "IF | V4606 P0 H3 X6 Y25"},
         {"If point = 6 dice total", "IF | V3500 = 6 V3510"},
         {"If shooter = player3 = all players = bettor = player(2)", "IF | V3200 = 3 = 0 = V3203 = F50 ( 2 )"},

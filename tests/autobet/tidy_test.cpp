@@ -33,7 +33,7 @@ constexpr Case Cases[] = {
     {"(+5)", "(+ 5)"},
     // compound comparisons
     {"a < = b > = c = > d = < e < > f > < g", "a <= b >= c => d =< e <> f <> g"},
-    {"a>>><>>b", "a > > > <> > > b"},
+    {"a>>><>>b", "a > > > <> > b"},
     // colons
     {"a::b : : c:", "a : b : c :"},
     // numbers
