@@ -80,6 +80,8 @@ void ScriptOutputs::Close(int p) {
     file.Path.clear();
 }
 
-void ScriptOutputs::Swap(int p, int q) { std::swap(Files[static_cast<std::size_t>(p)], Files[static_cast<std::size_t>(q)]); }
+void ScriptOutputs::Swap(int p, int q) {
+    std::swap(Files[static_cast<std::size_t>(p)], Files[static_cast<std::size_t>(q)]);
+}
 
 }  // namespace tarnwick

@@ -10,8 +10,8 @@
 
 namespace tarnwick {
 
-/// `name` as a path: slashes of either kind; a relative name lies in `folder` ("" the current one). Empty when a relative
-/// name leads out of the folder by "..", or when `name` is empty.
+/// `name` as a path: slashes of either kind; a relative name lies in `folder` ("" the current one). Empty when a
+/// relative name leads out of the folder by "..", or when `name` is empty.
 std::string PathInFolder(const std::string& folder, std::string_view name);
 
 /// Lines are kept until Flush, so that a run writes once a roll.
