@@ -9,6 +9,17 @@
 
 namespace tarnwick {
 
+/// The comparison 50..55 that holds when `op` does not.
+constexpr int OppositeComparison(int op) {
+    constexpr int opposite[] = {51, 50, 55, 54, 53, 52};
+    return opposite[op - 50];
+}
+/// The comparison that says the same with the sides exchanged.
+constexpr int MirroredComparison(int op) {
+    constexpr int mirrored[] = {50, 51, 53, 52, 55, 54};
+    return mirrored[op - 50];
+}
+
 /// A place in the code that jumps wait for.
 class Label {
   public:
@@ -17,9 +28,13 @@ class Label {
         for (const std::size_t at : Uses) program.Code[at].X = static_cast<std::int32_t>(program.Code.size());
     }
 
+    const std::vector<std::size_t>& Places() const { return Uses; }
+
   private:
     std::vector<std::size_t> Uses;
 };
+
+using CheckedTargets = std::vector<Target>;
 
 class Emitter {
   public:
@@ -33,8 +48,8 @@ class Emitter {
     std::uint16_t Text(std::int32_t node);
     /// Jumps to `label` when the truth of `node` (not 0) is `when`.
     void Branch(std::int32_t node, bool when, Label& label);
-    /// Jumps to `label` unless what target `place` holds compares true: the filter of a target.
-    void BranchUnlessFilter(const Target& target, std::uint16_t place, bool fixed, int number, int p, Label& label);
+    /// Jumps to `label` unless what the target in `pair` (see BeginPlace) holds passes the target's filter.
+    void BranchUnlessFilter(const Target& target, std::uint16_t pair, Label& label);
 
     /// A register pair with target and position of `place`: RowOf and PlayerOf are emitted, the position of a code is
     /// left to FinishPlace.
@@ -48,10 +63,13 @@ class Emitter {
     const Node& NodeAt(std::int32_t node) const { return T.Nodes[static_cast<std::size_t>(node)]; }
     bool IsConstant(std::int32_t node) const { return NodeAt(node).Kind == NodeKind::Number; }
 
+    const CheckedTargets& Targets() const { return T.Targets; }
+
     Instruction& Emit(Op code);
     std::uint16_t NewNumber(int count = 1);
     std::uint16_t NewText();
     std::uint16_t ConstantNumber(double value);
+    std::uint16_t EmptyText();
     std::int32_t AmountIndex(currency amount);
     bool Failed() const { return TooLarge; }
 
@@ -71,11 +89,9 @@ class Emitter {
     std::uint16_t EmitNumber(std::int32_t node);
     std::uint16_t EmitText(std::int32_t node);
     std::uint16_t EmitReference(const Reference& r);
-    std::uint16_t EmitReading(const Reading& reading, const Reference& r);
-    bool EmitDirect(const Reference& r, std::uint16_t dst);
     std::uint16_t EmitNameReference(const Reference& r);
-    std::uint16_t EmitPlayer(const Reference& r);
-    std::uint16_t EmitRow(const Reference& r);
+    void EmitPlayer(const Reference& r, std::uint16_t dst);
+    void EmitRow(const Reference& r, std::uint16_t dst);
     std::uint16_t EmitArithmetic(const Node& node);
     std::uint16_t EmitFunction(const Node& node);
     std::uint16_t EmitListFunction(const Node& node);
@@ -87,9 +103,9 @@ class Emitter {
     bool IsStandingBet(std::int32_t node, int& p, int& row) const;
     void BranchCompare(std::int32_t left, int op, std::int32_t right, bool when, Label& label);
     bool BranchDirect(std::int32_t left, int op, std::int32_t right, Label& label);
+    Op DirectOp(const Reference& r, std::int32_t& offset) const;
     bool BranchFlag(const Reference& r, bool when, Label& label);
     void BranchList(const Node& node, bool when, Label& label);
-    void Jump(Instruction& instruction, Label& label);
     std::int32_t ConstantIndex(double value);
     std::int32_t ReadingIndex(const Reading& reading);
 

@@ -111,9 +111,9 @@ static_assert(sizeof(Instruction) == 16);
 struct RowSet {
     int Position = 0;
     int FirstRow = 0, LastRow = 0;
-    int Op = 0;              ///< 50..55: amount Op Limit; 0 takes all
+    int Op = 0;  ///< 50..55: amount Op Limit; 0 takes all
     double Limit = 0;
-    bool All = false;        ///< of a test: all of them must pass, else any
+    bool All = false;  ///< of a test: all of them must pass, else any
 };
 
 /// Where a statement of the joined program lies.

@@ -442,7 +442,7 @@ double ReadMinimum(RunState& run, const Reading&, int) { return ToDouble(run.Gam
 double ReadMaximum(RunState& run, const Reading&, int) { return ToDouble(run.Game->MaxPlacardBet); }
 double ReadSeed(RunState& run, const Reading&, int) { return run.Game->LastSeed; }
 double ReadRng(RunState& run, const Reading&, int) { return run.Game->RngIndex + 1; }
-double ReadCompRate(RunState& run, const Reading&, int) { return run.Game->CompRate / 100.0; }
+double ReadCompRate(RunState& run, const Reading&, int) { return ToDouble(run.Game->CompRate) / 100; }
 double ReadClock(RunState& run, const Reading&, int) {
     return run.Game->Front == nullptr ? 0 : run.Game->Front->Milliseconds();
 }
@@ -569,6 +569,13 @@ Reading BindVariable(int number, const Reference& qualifiers) {
         r.Read = TableReader(number);
     }
     return r;
+}
+
+bool IsQuietVariable(int number, const Reference& qualifiers) {
+    if (number == 3698 || (3005 <= number && number <= 3007)) return false;
+    if (800 <= number && number <= 899) return true;
+    const ReadFunction read = BindVariable(number, qualifiers).Read;
+    return read != ReadNoVig && read != ReadNoRolls && read != ReadNoPoints;
 }
 
 int VariableOfFunction(int function, double argument) {

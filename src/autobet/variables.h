@@ -29,6 +29,9 @@ struct Reading {
 /// combination that no script can hold reads as 0.
 Reading BindVariable(int number, const Reference& qualifiers);
 
+/// Whether reading `number` with these qualifiers draws nothing and never warns.
+bool IsQuietVariable(int number, const Reference& qualifiers);
+
 /// The row that bet function 1..10 means for `argument`; 0 when it is out of limits. CheckStacks (21) give row 100..199
 /// or 0, names (800) 800..899 or 0.
 int VariableOfFunction(int function, double argument);
