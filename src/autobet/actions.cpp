@@ -94,12 +94,10 @@ bool SetTableTarget(RunState& run, int number, double value) {
             t.RngIndex = n - 1;
             return true;
         }
-        case 3691: {
-            const auto rate = RoundToInt32(value);
-            if (!rate || value < 0) return Refuse(run, "Comp rate out of limits.");
-            t.CompRate = *rate;
+        case 3691:
+            if (!(value >= 0)) return Refuse(run, "Comp rate out of limits.");
+            t.CompRate = ToCurrency(value);
             return true;
-        }
         default:
             return false;
     }

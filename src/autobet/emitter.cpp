@@ -26,9 +26,7 @@ void Emitter::Begin(const Statement& statement) {
     NextText = 0;
     const bool flat = statement.EndNode - statement.FirstNode > NestingLimit;
     for (std::int32_t node = statement.FirstNode; node < statement.EndNode; ++node) {
-        if (!flat && At(node).Quiet) continue;
-        const std::uint16_t home = IsText(node) ? EmitText(node) : EmitNumber(node);
-        Home[static_cast<std::size_t>(node)] = home;
+        if (flat || !At(node).Quiet) Keep(node);
     }
 }
 
@@ -118,6 +116,12 @@ std::uint16_t Emitter::Text(std::int32_t node) {
     i.Dst = dst;
     i.A = number;
     return dst;
+}
+
+void Emitter::Keep(std::int32_t node) {
+    if (node == NoNode || Home[static_cast<std::size_t>(node)] >= 0) return;
+    const std::uint16_t home = IsText(node) ? EmitText(node) : EmitNumber(node);
+    Home[static_cast<std::size_t>(node)] = home;
 }
 
 std::uint16_t Emitter::EmitNumber(std::int32_t index) {

@@ -46,6 +46,8 @@ class Emitter {
     /// Emits what is missing of a node and returns the register that holds it.
     std::uint16_t Number(std::int32_t node);
     std::uint16_t Text(std::int32_t node);
+    /// Emits a node now, for all its later uses in the statement; NoNode does nothing.
+    void Keep(std::int32_t node);
     /// Jumps to `label` when the truth of `node` (not 0) is `when`.
     void Branch(std::int32_t node, bool when, Label& label);
     /// Jumps to `label` unless what the target in `pair` (see BeginPlace) holds passes the target's filter.
