@@ -30,7 +30,7 @@ struct RunState {
     bool CollectWarnings = false;    ///< Steps are shown and Hyper-Drive is off
     bool StepsWanted = false;        ///< a script asked for Steps
     bool Restart = false;            ///< a new session began: the run starts again
-    bool Refused = false;            ///< the action at hand was not done
+    bool Taken = false;              ///< the statement at hand did something
     std::string WarningText;         ///< run-time messages of the statement at hand, each behind a line feed
     ScriptOutputs Outputs;
     ScriptHooks Hooks;
