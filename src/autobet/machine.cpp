@@ -222,13 +222,13 @@ RunEnd Machine::Execute(const Program& program, RunState& run, std::size_t pc) {
                 n[i.Dst] = n[i.A] / constants[i.X];
                 break;
             case Op::Arithmetic:
-                if (!Arithmetic(run, i.Sub, n[i.A], n[i.B], n[i.Dst])) return Fault("Overflow");
+                if (!Arithmetic(run, i.Sub, n[i.A], n[i.B], n[i.Dst])) return Fault("Overflow, Error #6");
                 break;
             case Op::Not:
-                if (!Complement(n[i.A], n[i.Dst])) return Fault("Overflow");
+                if (!Complement(n[i.A], n[i.Dst])) return Fault("Overflow, Error #6");
                 break;
             case Op::Logic:
-                if (!Logic(i.Sub, n[i.A], n[i.B], n[i.Dst])) return Fault("Overflow");
+                if (!Logic(i.Sub, n[i.A], n[i.B], n[i.Dst])) return Fault("Overflow, Error #6");
                 break;
             case Op::Compare:
                 n[i.Dst] = TruthOf(CompareNumbers(n[i.A], i.Sub, n[i.B]));
@@ -240,10 +240,10 @@ RunEnd Machine::Execute(const Program& program, RunState& run, std::size_t pc) {
                 n[i.Dst] = i.X;
                 break;
             case Op::Function:
-                if (!NumberFunction(run, i.X, n[i.A], n[i.Dst])) return Fault("Overflow");
+                if (!NumberFunction(run, i.X, n[i.A], n[i.Dst])) return Fault("Overflow, Error #6");
                 break;
             case Op::TextFunction:
-                if (!TextToNumber(run, i.X, text[i.A], n[i.Dst])) return Fault("Overflow");
+                if (!TextToNumber(run, i.X, text[i.A], n[i.Dst])) return Fault("Overflow, Error #6");
                 break;
             case Op::PlaceInText:
                 n[i.Dst] = PlaceInText(run, n[i.A], text[i.B], text[i.X]);
@@ -268,7 +268,7 @@ RunEnd Machine::Execute(const Program& program, RunState& run, std::size_t pc) {
                 break;
             case Op::ListResult:
                 n[i.A] = ListResult(run, n + i.Dst, i.X);
-                if (!std::isfinite(n[i.A])) return Fault("Overflow");
+                if (!std::isfinite(n[i.A])) return Fault("Overflow, Error #6");
                 break;
 
             case Op::TextConstant:
@@ -291,7 +291,7 @@ RunEnd Machine::Execute(const Program& program, RunState& run, std::size_t pc) {
                 keep(i.Dst, GeneralNumber(n[i.A]));
                 break;
             case Op::Join:
-                if (text[i.A].size() + text[i.B].size() > LongestText) return Fault("Text too long");
+                if (text[i.A].size() + text[i.B].size() > LongestText) return Fault("Out of string space, Error #14");
                 Kept[i.Dst].assign(text[i.A]).append(text[i.B]);
                 text[i.Dst] = Kept[i.Dst];
                 break;
@@ -302,15 +302,15 @@ RunEnd Machine::Execute(const Program& program, RunState& run, std::size_t pc) {
                 keep(i.Dst, MiddleText(i.Y, text[i.A], n[i.B], n[i.X]));
                 break;
             case Op::InsertText:
-                if (text[i.A].size() + text[i.X].size() > LongestText) return Fault("Text too long");
+                if (text[i.A].size() + text[i.X].size() > LongestText) return Fault("Out of string space, Error #14");
                 keep(i.Dst, InsertText(text[i.A], n[i.B], text[i.X]));
                 break;
             case Op::CharacterText:
-                if (!CharacterText(n[i.A], Kept[i.Dst])) return Fault("Invalid procedure call");
+                if (!CharacterText(n[i.A], Kept[i.Dst])) return Fault("Invalid procedure call, Error #5");
                 text[i.Dst] = Kept[i.Dst];
                 break;
             case Op::Blanks:
-                if (!Blanks(n[i.A], Kept[i.Dst])) return Fault("Text too long");
+                if (!Blanks(n[i.A], Kept[i.Dst])) return Fault("Out of string space, Error #14");
                 text[i.Dst] = Kept[i.Dst];
                 break;
             case Op::PlayerName:
@@ -352,7 +352,7 @@ RunEnd Machine::Execute(const Program& program, RunState& run, std::size_t pc) {
                 break;
             case Op::Gosub:
                 if (MustStop(run)) return RunEnd::Stopped;
-                if (!PushReturn(i.Y)) return Fault("Out of stack space");
+                if (!PushReturn(i.Y)) return Fault("Out of stack space, Error #28");
                 pc = static_cast<std::size_t>(i.X);
                 break;
             case Op::Return:
