@@ -20,9 +20,9 @@ bool IsLetter(char c) {
 }
 
 std::string Capitalised(const std::string& word) {
-    const std::string lower = LowerCase(word);
+    const std::string lower = LowerText(word);
     for (const std::string_view known : Capitals) {
-        if (lower == LowerCase(known)) return std::string(known);
+        if (lower == LowerText(known)) return std::string(known);
     }
     return word;
 }

@@ -38,7 +38,7 @@ class Structure {
             if (List[i].Code != Code::Label || List[i].Value <= 0) continue;
             PoolString& name = C.Pool[static_cast<Index>(NumberOf(List[i]))];
             name.Value = static_cast<double>(i);
-            Labels.emplace(LowerCase(Trim(name.Text)), i);
+            Labels.emplace(LowerText(TrimBlanks(name.Text)), i);
         }
     }
 
@@ -139,7 +139,7 @@ class Structure {
             return "GOTO or GOSUB here should be preceded with a colon :";
         }
         const std::string name = NameOf(to);
-        const auto label = Labels.find(LowerCase(Trim(name)));
+        const auto label = Labels.find(LowerText(TrimBlanks(name)));
         if (label == Labels.end()) return "Label \"" + name + "\" not found.";
         to.Value = static_cast<double>(label->second);
         return {};

@@ -110,7 +110,7 @@ Result CheckDuplicates(const Compilation& c) {
         const Element& e = c.Elements[i];
         if (e.Code != Code::Label || e.Value <= 0) continue;
         const std::string& text = c.Pool[static_cast<std::size_t>(NumberOf(e))].Text;
-        const auto [at, isNew] = first.emplace(LowerCase(Trim(text)), i);
+        const auto [at, isNew] = first.emplace(LowerText(TrimBlanks(text)), i);
         if (isNew || (original != 0 && at->second >= original)) continue;
         original = at->second;
         duplicate = i;
@@ -119,7 +119,7 @@ Result CheckDuplicates(const Compilation& c) {
     CompileError error = ErrorAt(c.Elements, original, "");
     const CompileError second = ErrorAt(c.Elements, duplicate, "");
     const std::string& text = c.Pool[static_cast<std::size_t>(NumberOf(c.Elements[original]))].Text;
-    const bool numeric = ReadNumber(Trim(text)).has_value();
+    const bool numeric = ReadNumber(TrimBlanks(text)).has_value();
     error.Text = (numeric ? "A duplicate line number exists in line " : "A duplicate label exists in line ") +
                  std::to_string(error.FirstLine);
     error.LastLine = second.LastLine;

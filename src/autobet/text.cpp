@@ -10,7 +10,7 @@ namespace tarnwick {
 
 bool IsAllBlank(std::string_view text) { return std::all_of(text.begin(), text.end(), IsBlank); }
 
-std::string_view Trim(std::string_view text) {
+std::string_view TrimBlanks(std::string_view text) {
     while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
     while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
     return text;
@@ -34,7 +34,7 @@ void LowerTwoBytes(char& lead, char& trail) {
 
 }  // namespace
 
-std::string LowerCase(std::string_view text) {
+std::string LowerText(std::string_view text) {
     std::string lower(text);
     for (std::size_t i = 0; i < lower.size(); ++i) {
         if ('A' <= lower[i] && lower[i] <= 'Z') {

@@ -12,10 +12,10 @@ constexpr bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r'; }
 constexpr bool IsDigit(char c) { return '0' <= c && c <= '9'; }
 
 bool IsAllBlank(std::string_view text);
-std::string_view Trim(std::string_view text);
+std::string_view TrimBlanks(std::string_view text);
 
 /// Lower case of UTF-8 text: ASCII and the Western European letters of code page 1252. Keeps the length in bytes.
-std::string LowerCase(std::string_view text);
+std::string LowerText(std::string_view text);
 
 /// Reduces every run of blanks to one, in place. Knows blanks only, no tabs.
 void CollapseBlanks(std::string& text);

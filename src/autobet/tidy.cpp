@@ -109,8 +109,8 @@ Words JoinWords(const Words& split) {
             continue;
         }
         if (next == ":" && !words.empty() && words.back() == ":") continue;
-        const std::string lower = LowerCase(next);
-        const std::string last = words.empty() ? std::string{} : LowerCase(words.back());
+        const std::string lower = LowerText(next);
+        const std::string last = words.empty() ? std::string{} : LowerText(words.back());
         if ((lower == "to" && last == "go") || (lower == "if" && last == "end")) {
             words.back() = last + lower;
             continue;
@@ -124,7 +124,7 @@ bool KeepsBracketApart(const std::string& word) {
     constexpr std::array<std::string_view, 11> keywords = {"do",   "or",   "if",   "xor",   "and",   "wend",
                                                            "else", "then", "when", "while", "elseif"};
     if (In(word.back(), NoBracketJoin)) return true;
-    return std::find(keywords.begin(), keywords.end(), LowerCase(word)) != keywords.end();
+    return std::find(keywords.begin(), keywords.end(), LowerText(word)) != keywords.end();
 }
 
 /// Whether the blank between words[i - 1] and words[i] falls away.
@@ -184,7 +184,7 @@ int KeywordCode(std::string_view word) {
                                                 {"exitdo", Code::ExitDo},
                                                 {"end", -1},
                                                 {"go", -2}}};
-    const std::string lower = LowerCase(word);
+    const std::string lower = LowerText(word);
     for (const Entry& e : entries) {
         if (e.Word == lower) return e.Code;
     }
@@ -251,7 +251,7 @@ class KeywordScan {
         const int half = std::exchange(Half, found.Code);
         LastWasColon = false;
         const bool endIf = half == -1 && found.Code == Code::If;
-        const bool goTo = half == -2 && LowerCase(Line.substr(from, At - from)) == "to";
+        const bool goTo = half == -2 && LowerText(Line.substr(from, At - from)) == "to";
         if (endIf || goTo) {
             found = {endIf ? Code::EndIf : Code::Goto, HalfWord.Start, Column, HalfWord.Byte, At - HalfWord.Byte};
             Half = 0;

@@ -12,7 +12,7 @@ namespace tarnwick {
 bool ExtractStrings(std::string_view tidied, std::vector<PoolString>& pool, std::string& out) {
     out = " ";
     std::size_t from = 0;
-    const auto addCode = [&](std::size_t to) { out += LowerCase(tidied.substr(from, to - from)); };
+    const auto addCode = [&](std::size_t to) { out += LowerText(tidied.substr(from, to - from)); };
     for (std::size_t i = 0; i < tidied.size(); ++i) {
         if (tidied[i] == '\'') {
             tidied = tidied.substr(0, i);
@@ -43,7 +43,7 @@ namespace {
 
 /// What a player's name looks like in a line when the table is through with it.
 std::string NameKey(std::string_view name) {
-    std::string key = " " + LowerCase(TidyLine(name)) + " ";
+    std::string key = " " + LowerText(TidyLine(name)) + " ";
     std::replace_if(key.begin(), key.end(), IsBlank, ' ');
     CollapseBlanks(key);
     return key;
@@ -220,11 +220,11 @@ std::optional<CompileError> TranslatePhrases(Compilation& c) {
 
 std::string NameRefusal(std::string_view name, const std::array<std::string, 9>& playerNames, int exceptPosition) {
     constexpr std::string_view another = "\n\nPlease enter a different name.";
-    if (ReadNumber(Trim(name))) {
+    if (ReadNumber(TrimBlanks(name))) {
         return "Unfortunately, a player's name can't be all numeric because it would cause confusion in auto-betting." +
                std::string(another);
     }
-    std::string padded = " " + LowerCase(name) + " ";
+    std::string padded = " " + LowerText(name) + " ";
     std::replace_if(padded.begin(), padded.end(), IsBlank, ' ');
     const auto holds = [&padded](std::string_view key) { return padded.find(key) != std::string::npos; };
     const auto& rows = AllPhrases();

@@ -43,10 +43,10 @@ TEST(Text, ReadNumberTakesNumbersAndNothingElse) {
 }
 
 TEST(Text, LowerCaseKnowsWesternLettersAndKeepsTheLength) {
-    EXPECT_EQ(LowerCase("ABC xyz 1"), "abc xyz 1");
-    EXPECT_EQ(LowerCase("ÀÉÞ×ßŠŒŽŸ"), "àéþ×ßšœžÿ");
-    EXPECT_EQ(LowerCase("\xC3"), "\xC3");  // cut in the middle of a letter
-    EXPECT_EQ(LowerCase("\xE2\x82\xAC"
+    EXPECT_EQ(LowerText("ABC xyz 1"), "abc xyz 1");
+    EXPECT_EQ(LowerText("ÀÉÞ×ßŠŒŽŸ"), "àéþ×ßšœžÿ");
+    EXPECT_EQ(LowerText("\xC3"), "\xC3");  // cut in the middle of a letter
+    EXPECT_EQ(LowerText("\xE2\x82\xAC"
                         "A"),
               "\xE2\x82\xAC"
               "a");

@@ -57,7 +57,7 @@ TEST(Phrases, KeysAreLowerCaseAndNoRowFeedsItself) {
     std::set<std::string_view> keys;
     for (const PhraseRow& row : AllPhrases()) {
         const std::string words = WithoutElements(row.Row.Key);
-        EXPECT_EQ(words, LowerCase(words));
+        EXPECT_EQ(words, LowerText(words));
         EXPECT_EQ(row.Row.Value.find(row.Row.Key), std::string_view::npos) << row.Row.Key;
         EXPECT_TRUE(keys.insert(row.Row.Key).second || row.Row.Key == " two ") << row.Row.Key;
     }
@@ -443,7 +443,7 @@ const Meaning Meanings[] = {
 
 std::string Tokens(const std::string& line) {
     const std::string text = ReplacePhrases(Prepared(line), Names);
-    std::string tokens(Trim(text));
+    std::string tokens(TrimBlanks(text));
     // A dotted suffix is dropped when the token is read.
     const std::size_t point = tokens.find('.');
     const bool suffix = point != std::string::npos && tokens[0] == 'V' && tokens.find(' ') == std::string::npos;
@@ -547,7 +547,7 @@ TEST(Translate, SentencesFollowTheOrderOfTheTable) {
         {"cs1\t=\t5", "V101 L050 5"},
         {"are named", "L050 named"},
     };
-    for (const auto& [line, elements] : cases) EXPECT_EQ(Trim(ReplacePhrases(Prepared(line), Names)), elements) << line;
+    for (const auto& [line, elements] : cases) EXPECT_EQ(TrimBlanks(ReplacePhrases(Prepared(line), Names)), elements) << line;
 }
 
 TEST(Translate, GivesWhatTheRowsGiveInTheirOrder) {
