@@ -116,7 +116,7 @@ bool SeedRNG(Table& t, SeedMode mode, bool mayAsk) {
 
     const auto seed = static_cast<std::int32_t>(HalfEvenDivide(t.SeedEntry.TenThousandths, CurrencyScale));
     SeedGenerators(t, GeneratorsBehind(t.RngIndex), seed);
-    if (t.EventsLogOn) LogEvent(t, "    RNG #" + std::to_string(t.RngIndex + 1) + " seeded: " + std::to_string(seed));
+    LogSeeded(t, seed);
     return true;
 }
 

@@ -23,18 +23,24 @@ constexpr std::int32_t SeedLimit(int rngIndex) { return rngIndex == 2 ? 999'999 
 /// range; only srandMT, which takes 2n and 2n + 1 for the same seed, gets 2n + 1 for n.
 void SeedEverything(Table& t, std::uint64_t seed);
 
-/// DrawDice for all but the plain draws of the Mersenne Twister.
+/// DrawDice for all but the plain draws from a block of the Mersenne Twister.
 void DrawOtherDice(Table& t);
 
 /// Draws Die1 and Die2 from the selected generator, through the matrix when UseSkewedProbability holds.
 inline void DrawDice(Table& t) {
     if (!t.UseSkewedProbability && (t.RngIndex == 0 || t.RngIndex == 1)) [[likely]] {
+        // Both outputs are taken at once, as long as the block has two: the index is then moved once a roll.
         Mt19937& source = t.RngIndex == 0 ? t.Rng.First : t.Rng.Second;
-        t.Die1 = ScaledDown(genrand_int32(source), 6) + 1;
-        t.Die2 = ScaledDown(genrand_int32(source), 6) + 1;
-    } else {
-        DrawOtherDice(t);
+        const int at = source.Index;
+        if (at <= Mt19937::BlockSize - 2) [[likely]] {
+            const std::uint32_t* next = &source.Ready[static_cast<std::size_t>(at)];
+            source.Index = at + 2;
+            t.Die1 = ScaledDown(next[0], 6) + 1;
+            t.Die2 = ScaledDown(next[1], 6) + 1;
+            return;
+        }
     }
+    DrawOtherDice(t);
 }
 
 /// A missing generator library moves RngIndex to 3.

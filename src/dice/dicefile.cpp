@@ -101,7 +101,7 @@ void EnterMode(Table& t, int mode) {
     const bool starts = mode == 2 && t.DiceFileMode != 2;
     t.DiceFileMode = mode;
     t.DiceFileEnd = 0;
-    if (starts && t.EventsLogOn) LogEvent(t, "    Dice roll file playback activated (" + t.DiceRollFileName + ")");
+    if (starts) LogPlayback(t);
 }
 
 /// Writes the unwritten rolls; returns 0 or the number of the fault.

@@ -50,15 +50,14 @@ void srandMT(Mt19937& m, std::uint32_t seed) {
 void RefillBlock(Mt19937& m) {
     if (!IsSeeded(m)) init_genrand(m, 5489);
     std::uint32_t* s = m.State.data();
-    // Both loops have lengths that are multiples of four, so that compilers make vector code of them.
+    // The long loops have lengths that are multiples of four, so that compilers make vector code of them.
     constexpr std::size_t wholeWords = (BlockSize - MiddleWord) / 4 * 4;
     for (std::size_t i = 0; i < wholeWords; ++i) s[i] = Twist(s[i], s[i + 1], s[i + MiddleWord]);
     for (std::size_t i = wholeWords; i < BlockSize - MiddleWord; ++i) s[i] = Twist(s[i], s[i + 1], s[i + MiddleWord]);
     for (std::size_t i = BlockSize - MiddleWord; i < BlockSize - 1; ++i)
         s[i] = Twist(s[i], s[i + 1], s[i + MiddleWord - BlockSize]);
     s[BlockSize - 1] = Twist(s[BlockSize - 1], s[0], s[MiddleWord - 1]);
-    std::uint32_t* ready = m.Ready.data();
-    for (std::size_t i = 0; i < BlockSize; ++i) ready[i] = Temper(s[i]);
+    for (std::size_t i = 0; i < BlockSize; ++i) m.Ready[i] = Temper(m.State[i]);
     m.Index = 0;
 }
 

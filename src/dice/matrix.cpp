@@ -6,36 +6,37 @@ namespace tarnwick {
 
 namespace {
 
-/// The first cell that reaches `d` in a running sum of the chances; null when none does. `highest` gets the greatest
-/// sum met.
-const MatrixCell* FindCell(const MatrixCells& matrix, std::int32_t d, std::int64_t& highest) {
+/// Sets the dice by the first cell at which the running sum of the chances reaches `d`; false when none does. As every
+/// sum before is below `d` (above 0), such a cell has a chance above 0.
+bool FindCell(Table& t, std::int32_t d) {
+    if (d < 1) return false;
     std::int64_t sum = 0;
-    highest = 0;
-    for (const MatrixCell& cell : MatrixWalk) {
-        const std::int64_t before = sum;
-        sum += matrix[1][cell.Col][cell.Row];
-        if (sum >= d && d > before) return &cell;
-        if (sum > highest) highest = sum;
+    for (int col = 2; col <= 7; ++col) {
+        const auto& chances = t.ProbabilityMatrix[1][static_cast<std::size_t>(col)];
+        for (int row = col - 1; row <= 13 - col; ++row) {
+            sum += chances[static_cast<std::size_t>(row)];
+            if (sum < d) continue;
+            const MatrixCell cell = CellAt(col, row);
+            t.Die1 = cell.Die1;
+            t.Die2 = cell.Die2;
+            return true;
+        }
     }
-    return nullptr;
+    return false;
 }
 
 }  // namespace
 
 void LookupDice(Table& t, std::int32_t d) {
-    std::int64_t highest = 0;
-    const MatrixCell* cell = FindCell(t.ProbabilityMatrix, d, highest);
-    while (cell == nullptr) {
-        const double u = Uniform(t);
-        if (highest < 1) {
-            // No draw can ever find a cell of such a table: the dice are fair then.
-            cell = &MatrixWalk[static_cast<std::size_t>(36 * u)];
-            break;
-        }
-        cell = FindCell(t.ProbabilityMatrix, static_cast<std::int32_t>(WholeChance * u) + 1, highest);
+    if (FindCell(t, d)) return;
+    if (!FindCell(t, 1)) {
+        // No draw can ever find a cell of such a table: the dice are fair then.
+        const MatrixCell& cell = MatrixWalk[static_cast<std::size_t>(36 * Uniform(t))];
+        t.Die1 = cell.Die1;
+        t.Die2 = cell.Die2;
+        return;
     }
-    t.Die1 = cell->Die1;
-    t.Die2 = cell->Die2;
+    while (!FindCell(t, static_cast<std::int32_t>(WholeChance * Uniform(t)) + 1)) continue;
 }
 
 void ResetProbabilityMatrix(Table& t) {

@@ -46,7 +46,8 @@ int RunConsole(const ConsoleOptions& options) {
     }
     SeedEverything(*table, console.Seed);
     if (!options.Json && (lines.Interactive() || !options.Seed)) {
-        printer.PrintLine("# seed " + std::to_string(console.Seed) + (lines.Interactive() ? "; help lists the commands" : ""));
+        printer.PrintLine("# seed " + std::to_string(console.Seed) +
+                          (lines.Interactive() ? "; help lists the commands" : ""));
     }
     CatchInterrupts();
     std::string line;

@@ -11,6 +11,7 @@
 #include "dice/dicefile.h"
 #include "lab/consolereports.h"
 #include "lab/labtable.h"
+#include "lab/rollhost.h"
 #include "lab/texttable.h"
 #include "stats/accumulators.h"
 #include "stats/eventslog.h"
@@ -280,11 +281,12 @@ void RollByItself(Console& c, std::uint64_t rolls, int throttle) {
     const RollTeller teller(c);
     const std::int32_t userThrottle = c.T.HyperThrottle;
     c.Screen.LastStopReason.clear();
-    c.Screen.StopRunAt(SessionRolls(c.T) + static_cast<std::int64_t>(rolls));
     c.T.HyperThrottle = throttle;
-    ToggleAutoRoll(c.T);
+    {
+        const StopAtRolls stop(c.T, SessionRolls(c.T) + static_cast<std::int64_t>(rolls));
+        ToggleAutoRoll(c.T);
+    }
     c.T.HyperThrottle = userThrottle;
-    c.Screen.StopRunAt(0);
     teller.Tell();
 }
 
@@ -344,9 +346,9 @@ std::string DoLog(Console& c, Arguments& a) {
     if (!a.Ok()) return a.Fault;
     Table& t = c.T;
     if (on) {
-        for (bool* flag : {&t.RecordRolls, &t.RecordBetChanges, &t.RecordBetsWon, &t.RecordBetsLost,
-                           &t.RecordCheckStackChanges, &t.RecordPassesMisses, &t.RecordShooterChanges,
-                           &t.RecordBankrollChanges}) {
+        for (bool* flag :
+             {&t.RecordRolls, &t.RecordBetChanges, &t.RecordBetsWon, &t.RecordBetsLost, &t.RecordCheckStackChanges,
+              &t.RecordPassesMisses, &t.RecordShooterChanges, &t.RecordBankrollChanges}) {
             *flag = true;
         }
     }
@@ -389,14 +391,15 @@ std::string DoNew(Console& c, Arguments& a) {
     c.Screen.LastStopReason.clear();
     NewSession(c.T, options);
     ++c.SessionNumber;
-    // A new session seeds from the clock; here it must be repeatable.
-    if (c.T.ReSeedNewSessions) SeedEverything(c.T, SessionSeed(c.Seed, c.SessionNumber));
+    // A new session seeds from the clock; here it must be repeatable, unless the user is asked for the seed.
+    if (c.T.ReSeedNewSessions && !c.T.UserSeedOn) SeedEverything(c.T, SessionSeed(c.Seed, c.SessionNumber));
     return {};
 }
 
 // --- reports ---
 
-std::string Report(Console& c, const std::function<void(JsonWriter&)>& write, const std::function<std::string()>& text) {
+std::string Report(Console& c, const std::function<void(JsonWriter&)>& write,
+                   const std::function<std::string()>& text) {
     if (c.Out.WritesJson()) {
         JsonWriter json;
         write(json);
@@ -458,11 +461,11 @@ constexpr Command Commands[] = {
     {"answer", "answer VALUE", "queues the answer to the next question", 1, Endless, DoAnswer},
     {"log", "log on|off", "prints the lines of the Events Log", 1, 1, DoLog},
     {"set", "set NAME VALUE", "changes a setting", 1, Endless, DoSet},
-    {"new",
-     "new [preserve-data] [preserve-checkstacks] [preserve-logs] [retain-dice-file continue|rewind]",
+    {"new", "new [preserve-data] [preserve-checkstacks] [preserve-logs] [retain-dice-file continue|rewind]",
      "starts another session", 0, 5, DoNew},
     {"state", "state", "the table and its bets", 0, 0, DoState},
-    {"stats", "stats P SCOPE", "bets and bankroll in a scope: hand, last-hand, session, last-session, all", 2, 2, DoStats},
+    {"stats", "stats P SCOPE", "bets and bankroll in a scope: hand, last-hand, session, last-session, all", 2, 2,
+     DoStats},
     {"rolls", "rolls P SCOPE", "rolls and points in a scope; P 0 is the table", 2, 2, DoRolls},
     {"settings", "settings", "every setting", 0, 0, DoSettings},
     {"help", "help", "this list", 0, 0, DoHelp},

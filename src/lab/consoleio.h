@@ -35,8 +35,8 @@ class Printer {
     Printer(bool json, const LineSource& lines) : Json(json), Lines(lines) {}
 
     bool WritesJson() const { return Json; }
-    void Print(std::string_view text) const;               ///< as it is
-    void PrintLine(std::string_view text) const;           ///< with a line break
+    void Print(std::string_view text) const;      ///< as it is
+    void PrintLine(std::string_view text) const;  ///< with a line break
     void PrintJson(const JsonWriter& json) const { PrintLine(json.Text()); }
     /// What is wrong with the line read last: on standard error, or with JSON as an object on standard output.
     void Fault(std::string_view text);

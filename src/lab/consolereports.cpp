@@ -44,7 +44,8 @@ void WriteBetsOf(JsonWriter& json, const Table& t, int p) {
         json, "BetStreak", 1, Row::LastBet, [&](int row) { return stands(row) || streak(row) != 0; }, streak);
     const auto writeVig = [&](std::string_view name, int first, int last, const auto& cells) {
         const auto vig = [&](int row) { return cells[At(p)][At(row - first)]; };
-        WriteByRow(json, name, first, last, [&](int row) { return stands(row) || !IsZero(vig(row)); }, vig);
+        WriteByRow(
+            json, name, first, last, [&](int row) { return stands(row) || !IsZero(vig(row)); }, vig);
     };
     writeVig("BuyVigCharged", Row::Buy4, Row::Buy10, t.BuyVigCharged);
     writeVig("LayVigCharged", Row::Lay4, Row::Lay10, t.LayVigCharged);
@@ -78,10 +79,14 @@ void WriteBetStats(JsonWriter& json, const Table& t, std::string_view name, BetS
 
 std::string WorkingText(int working) {
     switch (working) {
-        case 0: return "off";
-        case 2: return "called ON";
-        case -1: return "called OFF";
-        default: return {};
+        case 0:
+            return "off";
+        case 2:
+            return "called ON";
+        case -1:
+            return "called OFF";
+        default:
+            return {};
     }
 }
 
@@ -103,7 +108,8 @@ constexpr NamedEvent TotalEvents[] = {{2, "2"}, {3, "3"}, {4, "4"},   {5, "5"}, 
 constexpr NamedEvent HardEvents[] = {{13, "hard 4"}, {14, "hard 6"}, {15, "hard 8"}, {16, "hard 10"}};
 
 std::string PercentText(std::int64_t part, std::int64_t whole) {
-    return whole == 0 ? "" : FormatPattern(100.0 * static_cast<double>(part) / static_cast<double>(whole), "0.00") + "%";
+    return whole == 0 ? ""
+                      : FormatPattern(100.0 * static_cast<double>(part) / static_cast<double>(whole), "0.00") + "%";
 }
 
 /// Calls `visit` with each setting's full name, elements of arrays in turn.
@@ -172,24 +178,27 @@ void WriteStats(JsonWriter& json, const Table& t, int p, int scope) {
     WriteBetStats(json, t, "BetStatWins", BetStatWins, pos);
     WriteBetStats(json, t, "BetStatLosses", BetStatLosses, pos);
     const auto flat = [&](int row) { return ComeFlatSum(t, pos, row); };
-    WriteByRow(json, "ComeFlatSum", Row::Come4, Row::Come10, [&](int row) { return !IsZero(flat(row)); }, flat);
+    WriteByRow(
+        json, "ComeFlatSum", Row::Come4, Row::Come10, [&](int row) { return !IsZero(flat(row)); }, flat);
     json.EndObject().EndObject();
 }
 
 std::string StatsText(const Table& t, int p, int scope) {
     const int pos = Pos(p, scope);
     const std::string title = t.PlayerName[At(p)] + ", " + std::string(ScopeName(scope)) + ": bankroll ";
-    std::string out = title + DollarText(t.BankrollBegin[At(pos)]) + " at the start, " + DollarText(t.Bankroll[At(pos)]) +
-                      " at the end, high " + DollarText(t.BankrollHigh[At(pos)]) + ", low " +
-                      DollarText(t.BankrollLow[At(pos)]) + "\n";
-    std::vector<std::vector<std::string>> rows = {{"Bet", "Decided", "Won", "Lost", "$ wagered", "$ won", "$ lost", "$ net"}};
+    std::string out = title + DollarText(t.BankrollBegin[At(pos)]) + " at the start, " +
+                      DollarText(t.Bankroll[At(pos)]) + " at the end, high " + DollarText(t.BankrollHigh[At(pos)]) +
+                      ", low " + DollarText(t.BankrollLow[At(pos)]) + "\n";
+    std::vector<std::vector<std::string>> rows = {
+        {"Bet", "Decided", "Won", "Lost", "$ wagered", "$ won", "$ lost", "$ net"}};
     const auto number = [&](BetStat figure, int row) { return FormatCommas(figure(t, pos, row, 1)); };
     const auto money = [&](BetStat figure, int row) { return FormatCommas(figure(t, pos, row, 2)); };
     for (int row = 1; row <= Row::LastBet; ++row) {
         if (IsZero(BetStatWagers(t, pos, row, 1))) continue;
         const currency net = BetStatWins(t, pos, row, 2) - BetStatLosses(t, pos, row, 2);
         rows.push_back({BetTitle(row), number(BetStatWagers, row), number(BetStatWins, row), number(BetStatLosses, row),
-                        money(BetStatWagers, row), money(BetStatWins, row), money(BetStatLosses, row), FormatCommas(net)});
+                        money(BetStatWagers, row), money(BetStatWins, row), money(BetStatLosses, row),
+                        FormatCommas(net)});
     }
     return rows.size() == 1 ? out + "no bets decided\n" : out + TextTable(rows);
 }
@@ -216,9 +225,10 @@ std::string RollsText(const Table& t, int p, int scope) {
     const int pos = Pos(p, scope);
     const std::int32_t rolls = RollCount(t, pos, 0);
     std::string out = (p == 0 ? "The table" : t.PlayerName[At(p)]) + ", " + std::string(ScopeName(scope)) + ": " +
-                      Grouped(rolls) + " rolls, " + Grouped(HandCount(t, pos)) + " hands; most in a hand: " +
-                      Grouped(MostRolls(t, pos)) + " rolls, " + Grouped(MostComeouts(t, pos)) + " come-outs, " +
-                      Grouped(MostPasses(t, pos)) + " passes, " + Grouped(MostMisses(t, pos)) + " misses\n";
+                      Grouped(rolls) + " rolls, " + Grouped(HandCount(t, pos)) +
+                      " hands; most in a hand: " + Grouped(MostRolls(t, pos)) + " rolls, " +
+                      Grouped(MostComeouts(t, pos)) + " come-outs, " + Grouped(MostPasses(t, pos)) + " passes, " +
+                      Grouped(MostMisses(t, pos)) + " misses\n";
     std::vector<std::vector<std::string>> rows = {{"Total", "Rolls", "%", "Come-outs", "Passes", "Misses"}};
     for (const auto& [event, name] : TotalEvents) {
         const std::int32_t count = RollCount(t, pos, event);

@@ -7,7 +7,6 @@
 
 #include "lab/interrupt.h"
 #include "lab/labtable.h"
-#include "stats/accumulators.h"
 #include "table/format.h"
 #include "table/rundriver.h"
 
@@ -158,8 +157,7 @@ void ConsoleScreen::EventLogged(std::string_view line) {
 }
 
 void ConsoleScreen::PumpEvents() {
-    if (!T.AutoRollActive) return;
-    if (Interrupted() || (StopAt > 0 && SessionRolls(T) >= StopAt)) StopAutoRoll(T);
+    if (T.AutoRollActive && Interrupted()) StopAutoRoll(T);
 }
 
 void ConsoleScreen::WaitEvents(int milliseconds) {
@@ -167,8 +165,8 @@ void ConsoleScreen::WaitEvents(int milliseconds) {
     const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(milliseconds);
     PumpEvents();
     while (T.AutoRollActive && std::chrono::steady_clock::now() < end) {
-        std::this_thread::sleep_for(std::min<std::chrono::nanoseconds>(std::chrono::milliseconds(20),
-                                                                       end - std::chrono::steady_clock::now()));
+        std::this_thread::sleep_for(
+            std::min<std::chrono::nanoseconds>(std::chrono::milliseconds(20), end - std::chrono::steady_clock::now()));
         PumpEvents();
     }
 }

@@ -25,12 +25,9 @@ class ConsoleScreen : public Screen {
   public:
     ConsoleScreen(Table& t, LineSource& lines, Printer& printer) : T(t), Lines(lines), Out(printer) {}
 
-    std::deque<Word> Answers;             ///< of `answer`, the next first
-    std::optional<Answer> WhenNotAsked;   ///< taken at the next question in a pipe instead of its default answer
-    std::string LastStopReason;           ///< of the last run, as it was shown
-
-    /// A run stops when the session has `rolls` rolls; 0: it goes on.
-    void StopRunAt(std::int64_t rolls) { StopAt = rolls; }
+    std::deque<Word> Answers;            ///< of `answer`, the next first
+    std::optional<Answer> WhenNotAsked;  ///< taken at the next question in a pipe instead of its default answer
+    std::string LastStopReason;          ///< of the last run, as it was shown
 
     Answer Show(const Message& message) override;
     int AskSettleBet(const SettleQuestion& question) override;
@@ -48,7 +45,6 @@ class ConsoleScreen : public Screen {
     Table& T;
     LineSource& Lines;
     Printer& Out;
-    std::int64_t StopAt = 0;
 };
 
 }  // namespace tarnwick::lab

@@ -12,7 +12,9 @@ namespace {
 /// Length of the well-formed UTF-8 sequence at the start of `text` (not empty), 0 when there is none: overlong forms,
 /// surrogates and values above U+10FFFF are not well-formed.
 std::size_t Utf8Length(std::string_view text) {
-    const auto byte = [&](std::size_t i) -> unsigned { return i < text.size() ? static_cast<unsigned char>(text[i]) : 0; };
+    const auto byte = [&](std::size_t i) -> unsigned {
+        return i < text.size() ? static_cast<unsigned char>(text[i]) : 0;
+    };
     const auto follows = [&](std::size_t i) { return (byte(i) & 0xC0u) == 0x80u; };
     const unsigned first = byte(0);
     if (first < 0x80u) return 1;
@@ -26,12 +28,23 @@ std::size_t Utf8Length(std::string_view text) {
 
 void AppendEscaped(std::string& out, char c) {
     switch (c) {
-        case '"': out += "\\\""; return;
-        case '\\': out += "\\\\"; return;
-        case '\n': out += "\\n"; return;
-        case '\r': out += "\\r"; return;
-        case '\t': out += "\\t"; return;
-        default: break;
+        case '"':
+            out += "\\\"";
+            return;
+        case '\\':
+            out += "\\\\";
+            return;
+        case '\n':
+            out += "\\n";
+            return;
+        case '\r':
+            out += "\\r";
+            return;
+        case '\t':
+            out += "\\t";
+            return;
+        default:
+            break;
     }
     constexpr std::string_view digits = "0123456789abcdef";
     const auto code = static_cast<unsigned char>(c);

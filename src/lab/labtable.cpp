@@ -9,18 +9,37 @@
 
 namespace tarnwick::lab {
 
-std::uint64_t SessionSeed(std::uint64_t seed, std::uint64_t number) {
-    if (number == 1) return seed;
-    std::uint64_t z = seed + (number - 1) * 0x9E3779B97F4A7C15u;
+namespace {
+
+/// The output function of SplitMix64.
+std::uint64_t Mixed(std::uint64_t z) {
+    z += 0x9E3779B97F4A7C15u;
     z = (z ^ (z >> 30)) * 0xBF58476D1CE4E5B9u;
     z = (z ^ (z >> 27)) * 0x94D049BB133111EBu;
     return z ^ (z >> 31);
 }
 
+/// Mixes the lowest 30 bits; each step can be undone, so different numbers stay different.
+std::uint64_t Mixed30(std::uint64_t z) {
+    constexpr std::uint64_t mask = (std::uint64_t{1} << 30) - 1;
+    z &= mask;
+    for (const std::uint64_t odd : {0x2C1B3C6Du, 0x297A2D39u}) {
+        z ^= z >> 15;
+        z = z * odd & mask;
+    }
+    return z ^ (z >> 15);
+}
+
+}  // namespace
+
+std::uint64_t SessionSeed(std::uint64_t seed, std::uint64_t number) {
+    return number == 1 ? seed : 2 * Mixed30(Mixed(seed) + number) + 1;
+}
+
 std::uint64_t ClockSeed() {
     const auto now = std::chrono::system_clock::now().time_since_epoch();
     const auto microseconds = std::chrono::duration_cast<std::chrono::microseconds>(now).count();
-    return SessionSeed(static_cast<std::uint64_t>(microseconds), 2) % 1'000'000'000;
+    return Mixed(static_cast<std::uint64_t>(microseconds)) % 1'000'000'000;
 }
 
 std::uint32_t MillisecondClock() {

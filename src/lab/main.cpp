@@ -121,7 +121,8 @@ int Main(int argc, char** argv) {
     app.require_subcommand(1);
     CLI::App* run = app.add_subcommand("run", "Plays sessions unattended and sums them up");
     AddRun(*run, raw);
-    CLI::App* console = app.add_subcommand("console", "The table as text: one command a line, from a terminal or a pipe");
+    CLI::App* console =
+        app.add_subcommand("console", "The table as text: one command a line, from a terminal or a pipe");
     console->add_flag("--json", raw.Json, "Prints one JSON object a line");
     AddShared(*console, raw);
     try {

@@ -77,6 +77,7 @@ std::string Prepare(Plan& plan, RunScreen& screen) {
     if (fault.empty()) fault = ApplySettings(t, plan.Options.Settings);
     if (fault.empty()) fault = PlaceFirstBets(plan);
     if (fault.empty() && !plan.Options.DiceFile.empty()) fault = PlayDiceFile(t, plan.Options.DiceFile);
+    t.HyperThrottle = 0;
     return fault;
 }
 
@@ -90,11 +91,14 @@ RunSummary PlaySessions(Plan& plan) {
         Table& t = *table;
         t = *plan.Start;
         SeedEverything(t, SessionSeed(plan.Options.Seed, number));
-        RunScreen screen(t, static_cast<std::int64_t>(plan.Options.Rolls), plan.Orders, &plan.RollsPlayed);
-        t.HyperThrottle = 0;
-        t.HyperDriveActive = t.AutoRollActive = false;
-        ToggleAutoRoll(t);
-        summary.AddSession(t, screen.StopReason().empty() ? "Stopped." : screen.StopReason());
+        RunScreen screen;
+        t.Front = &screen;
+        {
+            const RunHost host(t, screen, static_cast<std::int64_t>(plan.Options.Rolls), plan.Orders, plan.RollsPlayed);
+            ToggleAutoRoll(t);
+        }
+        t.Front = nullptr;
+        summary.AddSession(t, screen.StopReason.empty() ? "Stopped." : screen.StopReason);
     }
     return summary;
 }
@@ -175,8 +179,9 @@ std::string RunCommand(const RunOptions& options) {
 
 int Run(const RunOptions& options) {
     Plan plan(options);
-    RunScreen setupScreen(*plan.Start, 0, {}, nullptr);
+    RunScreen setupScreen;
     const std::string fault = Prepare(plan, setupScreen);
+    plan.Start->Front = nullptr;
     if (!fault.empty()) {
         std::fprintf(stderr, "tarnwick-lab run: %s\n", fault.c_str());
         return 2;

@@ -29,51 +29,41 @@ std::string OneLine(std::string_view text) {
 
 }  // namespace
 
-RunScreen::RunScreen(Table& t, std::int64_t rolls, std::vector<BetOrder> orders,
-                     std::atomic<std::uint64_t>* rollsPlayed)
-    : T(t),
-      RollsWanted(rolls),
-      RollsToCheck(std::min(rolls, Stride)),
-      Orders(std::move(orders)),
-      RollsPlayed(rollsPlayed) {
-    T.Front = this;
-}
-
-RunScreen::~RunScreen() {
-    if (RollsPlayed != nullptr) *RollsPlayed += static_cast<std::uint64_t>(SessionRolls(T) - RollsSeen);
-    T.Front = nullptr;
-}
-
 Answer RunScreen::Show(const Message& message) {
-    if (Reason.empty()) Reason = OneLine(message.Text);
+    if (StopReason.empty()) StopReason = OneLine(message.Text);
     Answer answer;
-    for (const auto& [button, result] : {std::pair{MsgButton::No, MsgAnswer::No},
-                                         std::pair{MsgButton::Cancel, MsgAnswer::Cancel}}) {
-        if ((message.Buttons & button) != 0) answer.Result = result;
-    }
+    if ((message.Buttons & MsgButton::No) != 0) answer.Result = MsgAnswer::No;
+    if ((message.Buttons & MsgButton::Cancel) != 0) answer.Result = MsgAnswer::Cancel;
     return answer;
 }
 
 int RunScreen::AskSettleBet(const SettleQuestion& question) { return question.Choices.front().Code; }
 
-void RunScreen::PumpEvents() {
-    if (--RollsToCheck <= 0) LookAround();
-    if (!Orders.empty()) PlaceOrders();
-}
+RunHost::RunHost(Table& t, RunScreen& screen, std::int64_t rolls, std::vector<BetOrder> orders,
+                 std::atomic<std::uint64_t>& rollsPlayed)
+    : RollHost(t),
+      Front(screen),
+      RollsWanted(rolls),
+      RollsToCheck(std::min(rolls, Stride)),
+      Orders(std::move(orders)),
+      RollsPlayed(rollsPlayed) {}
 
-void RunScreen::LookAround() {
+RunHost::~RunHost() { RollsPlayed += static_cast<std::uint64_t>(SessionRolls(T) - RollsSeen); }
+
+void RunHost::LookAround() {
     const std::int64_t rolls = SessionRolls(T);
-    if (RollsPlayed != nullptr) *RollsPlayed += static_cast<std::uint64_t>(rolls - RollsSeen);
+    RollsPlayed += static_cast<std::uint64_t>(rolls - RollsSeen);
     RollsSeen = rolls;
     RollsToCheck = std::min(RollsWanted - rolls, Stride);
     const bool interrupted = Interrupted();
     if (rolls < RollsWanted && !interrupted) return;
-    if (Reason.empty()) Reason = interrupted ? "Interrupted." : "All rolls played.";
+    if (!interrupted && AutoStopDue(T)) return;  // it ends the run itself, with its reason
+    if (Front.StopReason.empty()) Front.StopReason = interrupted ? "Interrupted." : "All rolls played.";
     Orders.clear();
-    if (T.AutoRollActive) StopAutoRoll(T);
+    StopAutoRoll(T);
 }
 
-void RunScreen::PlaceOrders() {
+void RunHost::PlaceOrders() {
     for (std::size_t i = 0; i < Orders.size();) {
         BetOrder& order = Orders[i];
         const auto seat = static_cast<SeatMask>(1u << order.Position);

@@ -1,4 +1,4 @@
-// The front end of an unattended session: nobody is asked, orders are placed between rolls, and the run stops at its
+// What stands around an unattended session: nobody is asked, orders are placed between rolls, and the run stops at its
 // number of rolls or by Ctrl-C.
 #pragma once
 
@@ -7,12 +7,12 @@
 #include <string>
 #include <vector>
 
-#include "table/crapcnst.h"
+#include "lab/rollhost.h"
 #include "table/screen.h"
 
 namespace tarnwick::lab {
 
-/// A bet to put up as soon as the rules allow it, and again whenever it is down.
+/// A bet to put up as soon as the rules allow it, and with `Again` whenever it is down.
 struct BetOrder {
     int Position = 0;
     int BetRow = 0;
@@ -21,35 +21,42 @@ struct BetOrder {
     bool Placed = false;  ///< at least once
 };
 
+/// The front end of a session. Keeps why the run stopped.
 class RunScreen : public Screen {
   public:
-    /// Becomes the front end of `t`, which must outlive it; detaches at its end. `rollsPlayed` (may be null) counts on.
-    RunScreen(Table& t, std::int64_t rolls, std::vector<BetOrder> orders, std::atomic<std::uint64_t>* rollsPlayed);
-    ~RunScreen() override;
-    RunScreen(const RunScreen&) = delete;
-    RunScreen& operator=(const RunScreen&) = delete;
-
-    /// Why the run ended: the table's reason, or one of "All rolls played." and "Interrupted.".
-    const std::string& StopReason() const { return Reason; }
+    std::string StopReason;  ///< the text of the first message
 
     Answer Show(const Message& message) override;
     int AskSettleBet(const SettleQuestion& question) override;
-    void PumpEvents() override;
     void WaitEvents(int milliseconds) override { Clock += static_cast<std::uint32_t>(milliseconds); }
     std::uint32_t Milliseconds() override { return Clock; }
 
   private:
+    std::uint32_t Clock = 0;
+};
+
+/// Follows the rolls of a session: places orders, counts and stops.
+class RunHost : public RollHost {
+  public:
+    /// `rollsPlayed` counts the rolls of all sessions, in strides.
+    RunHost(Table& t, RunScreen& screen, std::int64_t rolls, std::vector<BetOrder> orders,
+            std::atomic<std::uint64_t>& rollsPlayed);
+    ~RunHost() override;
+
+  private:
+    void AfterRoll() override {
+        if (--RollsToCheck <= 0) LookAround();
+        if (!Orders.empty()) PlaceOrders();
+    }
     void LookAround();
     void PlaceOrders();
 
-    Table& T;
+    RunScreen& Front;
     std::int64_t RollsWanted;
-    std::int64_t RollsToCheck;  // pumps until the next look around
+    std::int64_t RollsToCheck;
     std::int64_t RollsSeen = 0;
     std::vector<BetOrder> Orders;
-    std::atomic<std::uint64_t>* RollsPlayed;
-    std::string Reason;
-    std::uint32_t Clock = 0;
+    std::atomic<std::uint64_t>& RollsPlayed;
 };
 
 }  // namespace tarnwick::lab

@@ -46,7 +46,6 @@ std::vector<std::pair<std::string, std::int64_t>> Reasons(const RunSummary& summ
     return reasons;
 }
 
-
 std::string BankrollTable(const RunSummary& summary) {
     const bool many = summary.Sessions > 1;
     std::vector<std::vector<std::string>> rows;

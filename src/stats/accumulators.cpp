@@ -64,12 +64,13 @@ std::int32_t RollCount(const Table& t, int pos, int k) {
 
 std::int32_t RollsSince(const Table& t, int k) {
     FoldRolls(t);
-    return static_cast<std::int32_t>(t.RollTotal - t.GapStart - t.Folded.Gaps[At(k)][GapLastAt]);
+    return static_cast<std::int32_t>(t.RollTotal - t.GapStart - t.Folded.Gaps.LastAt[At(k)]);
 }
 
 std::int32_t RollGapTally(const Table& t, int k, int gap) {
     FoldRolls(t);
-    return static_cast<std::int32_t>(t.Folded.Gaps[At(k)][At(gap)]);
+    const GapFigures& gaps = t.Folded.Gaps;
+    return static_cast<std::int32_t>(gaps.Counts[At(k)][At(gap)] + gaps.Recent[At(k)][At(gap)]);
 }
 
 std::int32_t PointTally(const Table& t, int pos, int total, int c) {

@@ -54,7 +54,9 @@ inline void AddGraphPoint(Table& t) {
     t.GraphRow = t.GraphRow + 1 == GraphRing ? 0 : t.GraphRow + 1;
     auto& next = t.GraphSums[t.GraphRow];
     for (std::size_t i = 0; i < Positions - 1; ++i) {
-        next[i] = last[i] + static_cast<std::uint64_t>(t.Bankroll[i + 1].TenThousandths);
+        // Read one by one: a wider load of what was just stored singly would wait for the stores to leave the core.
+        const std::int64_t now = static_cast<const volatile std::int64_t&>(t.Bankroll[i + 1].TenThousandths);
+        next[i] = last[i] + static_cast<std::uint64_t>(now);
     }
     ++t.GraphPoints;
     if (full && t.GraphWindowOpen && t.GraphPlotType == 1) ResetBankrollGraph(t, false);

@@ -53,7 +53,7 @@ inline void SettleSum(Statistics& s, std::size_t p) {
 inline void AddResult(BetSide& side, std::int64_t amount, std::int64_t roll) {
     ++side.Count;
     side.Sum = SaturatedAdd(side.Sum, amount);
-    side.High = std::max(side.High, amount);
+    if (amount > side.High) side.High = amount;
     if (amount > 0 && (side.Low == 0 || amount < side.Low)) side.Low = amount;
     side.LastRoll = roll;
     side.Last = amount;
@@ -79,7 +79,7 @@ inline void AddDecision(BetFigures& record, std::int64_t wager, std::int64_t net
     } else {
         AddResult(record.Losses, -net, roll);
     }
-    record.ComeFlat = SaturatedAdd(record.ComeFlat, comeFlat);
+    if (comeFlat != 0) record.ComeFlat = SaturatedAdd(record.ComeFlat, comeFlat);
 }
 
 }  // namespace StatsDetail

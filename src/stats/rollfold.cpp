@@ -1,5 +1,6 @@
 // Counts the logged rolls: rows of the shooters, and gaps between the occurrences of each roll event.
 #include <algorithm>
+#include <limits>
 
 #include "stats/accumulators.h"
 
@@ -14,13 +15,15 @@ std::size_t ShooterOf(Word roll) { return (roll >> LoggedRoll::ShooterShift) & 1
 std::size_t ComeoutOf(Word roll) { return (roll >> LoggedRoll::ComeoutShift) & 63; }
 std::size_t DecisionOf(Word roll) { return (roll >> LoggedRoll::DecisionShift) & 63; }
 
+void CountRoll(RollRows<std::int32_t>& rows, Word roll) {
+    const std::size_t shooter = ShooterOf(roll);
+    ++rows.Pairs[shooter][PairOf(roll)];
+    ++rows.Lines[shooter][ComeoutOf(roll)];
+    ++rows.Lines[shooter][DecisionOf(roll)];
+}
+
 void CountRolls(RollRows<std::int32_t>& rows, const Word* first, const Word* end) {
-    for (const Word* roll = first; roll != end; ++roll) {
-        const std::size_t shooter = ShooterOf(*roll);
-        ++rows.Pairs[shooter][PairOf(*roll)];
-        ++rows.Lines[shooter][ComeoutOf(*roll)];
-        ++rows.Lines[shooter][DecisionOf(*roll)];
-    }
+    for (; first != end; ++first) CountRoll(rows, *first);
 }
 
 /// The hand that ended last before `end`, and the one in progress; earlier hands of the log leave no figures of a hand.
@@ -61,18 +64,32 @@ constexpr auto EventsOfPair = [] {
     return lists;
 }();
 
-void CountGaps(FoldedFigures& f, const Word* first, const Word* end, Word roll) {
+void KeepRecentGaps(GapFigures& gaps) {
+    for (std::size_t k = 0; k < GapRows; ++k) {
+        for (std::size_t gap = 0; gap < GapSlots; ++gap) gaps.Counts[k][gap] += gaps.Recent[k][gap];
+    }
+    gaps.Recent = {};
+    gaps.RecentRolls = 0;
+}
+
+/// Counts the session's rolls and the gaps before their events; `roll` is the number of the roll before `first`. Both
+/// in one pass, as the memory that one waits for leaves room for the other.
+void CountSession(FoldedFigures& f, const Word* first, const Word* end, Word roll) {
+    GapFigures& gaps = f.Gaps;
+    const auto count = static_cast<Word>(end - first);
+    if (gaps.RecentRolls + count > std::numeric_limits<std::uint16_t>::max()) KeepRecentGaps(gaps);
+    gaps.RecentRolls += count;
     for (; first != end; ++first) {
         ++roll;
+        CountRoll(f.Session, *first);
         for (const std::uint8_t k : EventsOfPair[PairOf(*first)]) {
-            GapRow& row = f.Gaps[k];
-            const Word gap = roll - row[GapLastAt];
-            row[GapLastAt] = roll;
+            const Word gap = roll - gaps.LastAt[k];
+            gaps.LastAt[k] = roll;
             if (gap < 200) {
-                ++row[gap];
+                ++gaps.Recent[k][gap];
             } else {
-                ++row[200];
-                row[0] += gap;
+                ++gaps.Counts[k][200];
+                gaps.Counts[k][0] += gap;
             }
         }
     }
@@ -85,9 +102,8 @@ void FoldRolls(const Statistics& s) {
     if (f.RollsFolded == s.RollTotal) return;
     const Word* first = &s.RollLog[LogPlace(f.RollsFolded)];
     const Word* end = first + (s.RollTotal - f.RollsFolded);
-    CountRolls(f.Session, first, end);
+    CountSession(f, first, end, static_cast<Word>(f.RollsFolded - s.GapStart));
     CountHands(f, first, end);
-    CountGaps(f, first, end, static_cast<Word>(f.RollsFolded - s.GapStart));
     f.RollsFolded = s.RollTotal;
 }
 

@@ -50,11 +50,17 @@ constexpr std::uint32_t HandEnd = 1u << 31;
 
 constexpr std::int64_t RollLogSize = 2048;  ///< a power of 2
 
-/// Counts of one event's gaps: 1..199 by length, 200 the longer ones, 0 the sum of those; then the roll, counted from
-/// the start of the session, on which the event last happened.
-constexpr std::size_t GapLastAt = 201;
-using GapRow = std::array<std::uint32_t, 202>;
-constexpr int GapRows = RollEvents + 4;  ///< the last four take what counts nowhere
+/// Gaps of the roll events: by length 1..199, slot 200 the longer ones, slot 0 the sum of those. The counts are kept
+/// small while they grow, because a roll touches ten of them all over the table, and moved before they can overflow.
+constexpr std::size_t GapSlots = 201;
+constexpr std::size_t GapRows = RollEvents + 4;  ///< the last four take what counts nowhere
+
+struct GapFigures {
+    std::array<std::array<std::uint32_t, GapSlots>, GapRows> Counts{};
+    std::array<std::array<std::uint16_t, GapSlots>, GapRows> Recent{};  ///< to be added to the counts
+    std::uint32_t RecentRolls = 0;
+    std::array<std::uint32_t, GapRows> LastAt{};  ///< the event's last roll, numbered from 1 at the session's first
+};
 
 namespace MostOf {
 enum : std::size_t { Rolls, Comeouts, Passes, Misses, Kinds };
@@ -66,7 +72,7 @@ struct FoldedFigures {
     RollRows<std::int32_t> Hand;
     RollRows<std::int32_t> LastHand;
     RollRows<std::int32_t> Session;
-    std::array<GapRow, GapRows> Gaps{};
+    GapFigures Gaps;
 
     // The stretch of the hand that one shooter has rolled; settled when it ends.
     std::int32_t LiveShooter = 0;

@@ -110,6 +110,7 @@ struct Table : Settings, DiceState, Statistics {
     bool GameChanged = false;
     bool AutoRollActive = false;
     bool HyperDriveActive = false;
+    std::int32_t RunUntilRoll = 0;  ///< session roll at which a run ends without a word; 0: none. Not saved
     bool ScriptRunning = false;        ///< inside a script's statement
     bool ScriptStopRequested = false;  ///< the user interrupts the script run
     std::int32_t ScriptPlayer = 0;     ///< whose script is running

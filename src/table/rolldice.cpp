@@ -455,13 +455,14 @@ class Pump {
         t.Front->PumpEvents();
         const std::uint32_t now = t.Front->Milliseconds();
         const std::uint32_t passed = now - Last;
-        if (passed < 4 && Interval < 1 << 16) Interval *= 2;
+        if (passed < 4 && Interval < MaxInterval) Interval *= 2;
         if (passed > 12 && Interval > 1) Interval /= 2;
         Last = now;
         Left = Interval;
     }
 
   private:
+    static constexpr int MaxInterval = 4096;  // a front end whose clock stands still is served all the same
     int Interval = 64;
     int Left = 1;
     std::uint32_t Last = 0;
@@ -480,13 +481,16 @@ void WaitWhile(Table& t, std::int64_t milliseconds, GoOn goOn) {
     }
 }
 
+bool GoalReached(const Table& t) { return t.RunUntilRoll > 0 && SessionRolls(t) >= t.RunUntilRoll; }
+
 /// False when the run ends here.
 bool GoesOnInHyperDrive(Table& t, Pump& pump) {
     pump.Serve(t);
     if (!t.AutoRollActive) return false;
     if (!t.HyperDriveActive) return true;
-    if (AutoStopDue(t)) {
-        if (t.StopReason.empty()) t.StopReason = "Stopped by Auto-Stop.";
+    const bool autoStop = AutoStopDue(t);
+    if (autoStop && t.StopReason.empty()) t.StopReason = "Stopped by Auto-Stop.";
+    if (autoStop || GoalReached(t)) {
         StopAutoRoll(t);
         return false;
     }
@@ -504,6 +508,10 @@ bool GoesOnInAutoRoll(Table& t) {
     if (AutoStopDue(t)) {
         StopAutoRoll(t);
         ShowNote(t, "Auto-Roll Stopped", "Stopped by Auto-Stop");
+        return false;
+    }
+    if (GoalReached(t)) {
+        StopAutoRoll(t);
         return false;
     }
     const std::int64_t delay = t.AutoRollDelay.TenThousandths / 10;  // seconds to milliseconds

@@ -56,7 +56,7 @@ TEST_F(OddsLimits, EachSchemeByHand) {
         {ColorPush, "2", 27, "5", "10"},     // 5s: 25 wins 30, not below 15; 1s: 10 wins 12
         {ColorPush, "2", 26, "10", "20"},    // 5s: 20 wins 30 at once, no push; 1s: the same
         {ColorPush, "2", 26, "25", "50"},    // 25s: 50 wins 75 at once; so do 5s and 1s
-        {ColorPush, "2", 26, "20", "50"},    // 25s: 50 wins 75, but 20 isn't 25s; 5s from 40: wins 60 at once: 40
+        {ColorPush, "2", 26, "20", "40"},    // no 25 in 20; 40 wins 60 in 5s at once
         {ColorPush, "2", 25, "100", "200"},  // 200 wins 400 in every color but 500
         {ColorPush, "2", 27, "100", "250"},  // 100s: 250 wins 300, below 300
         {ColorPush, "2", 27, "125", "250"},  // 250 wins 300 in 100s at once, but 125 isn't 100s; 25s: at once

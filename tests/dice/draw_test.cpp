@@ -90,6 +90,23 @@ TEST(DrawDice, DrawsTheFirstDieFirstAndFromTheRightSource) {
     }
 }
 
+TEST(DrawDice, TakesBothDiceAcrossTheEndOfABlock) {
+    for (const int rngIndex : {0, 1}) {
+        Table t;
+        t.RngIndex = rngIndex;
+        SeedEverything(t, 2024);
+        Mt19937& source = rngIndex == 0 ? t.Rng.First : t.Rng.Second;
+        genrand_int32(source);  // an odd place: the last roll of the block has its second die in the next
+        Mt19937 expected = source;
+        for (int roll = 0; roll < 1'000; ++roll) {
+            const int first = static_cast<int>(genrand_int32(expected) / (4294967296.0 / 6)) + 1;
+            const int second = static_cast<int>(genrand_int32(expected) / (4294967296.0 / 6)) + 1;
+            DrawDice(t);
+            ASSERT_EQ(Dice(t), Pair(first, second)) << roll;
+        }
+    }
+}
+
 TEST(DrawDice, FloorsExactlyWhereSinglePrecisionWouldRoundUp) {
     // 13981013 / 2^24 lies below 5/6; six times it rounds to 5 in single precision, which would be a 6.
     Table t;
@@ -156,6 +173,8 @@ TEST(LookupDice, FindsTheCellOfADraw) {
         {"the end of the second", few, 50'000, {2, 6}},
         {"past all zero cells", few, 50'001, {6, 1}},
         {"the end of all", few, 100'000, {6, 1}},
+        {"past a cell below zero", {{{2, 1}, -5}, {{2, 2}, 10}, {{7, 6}, 99'995}}, 1, {1, 2}},
+        {"a sum that fell below the draw", {{{2, 1}, 10}, {{2, 2}, -5}, {{7, 6}, 99'995}}, 11, {6, 1}},
         {"sums above the whole never reach their last cells", {{{2, 1}, 100'000}, {{7, 6}, 100'000}}, 100'000, {1, 1}},
     };
     for (const Case& c : cases) {
@@ -180,14 +199,14 @@ TEST(LookupDice, DrawsAgainByThePrivateGeneratorWhenNoCellIsReached) {
     t.ProbabilityMatrix[1][7][6] = 30'000;
     std::map<Pair, int> seen;
     constexpr int count = 20'000;
+    Mt19937 expected = t.Rng.Private;
     for (int i = 0; i < count; ++i) {
-        Table expected = t;
-        double u = 0;
-        do u = std::floor(100'000 * Uniform(expected)) + 1;
-        while (u > 50'000);
-        LookupDice(t, 100'001);
-        ASSERT_EQ(Dice(t), u <= 20'000 ? Pair(1, 1) : Pair(6, 1));
-        ASSERT_EQ(t.Rng.Private.Index, expected.Rng.Private.Index);
+        double d = 0;
+        do d = std::floor(100'000 * genrand_real2(expected)) + 1;
+        while (d > 50'000);
+        LookupDice(t, i % 2 == 0 ? 100'001 : 0);
+        ASSERT_EQ(Dice(t), d <= 20'000 ? Pair(1, 1) : Pair(6, 1));
+        ASSERT_EQ(t.Rng.Private.Index, expected.Index);
         ++seen[Dice(t)];
     }
     EXPECT_NEAR(seen[Pair(1, 1)], 0.4 * count, 5 * std::sqrt(0.24 * count));

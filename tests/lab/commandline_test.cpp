@@ -66,7 +66,8 @@ TEST(CommandLineTest, PositionsScopesAndCountsWithinTheirRanges) {
         const char* Text;
         int Value;
     };
-    for (const Case& c : {Case{"hand", 0}, {"last-hand", 1}, {"SESSION", 2}, {"last-session", 3}, {"all", 4}, {"4", 4}}) {
+    for (const Case& c :
+         {Case{"hand", 0}, {"last-hand", 1}, {"SESSION", 2}, {"last-session", 3}, {"all", 4}, {"4", 4}}) {
         EXPECT_EQ(ParseScope(c.Text).Value, c.Value) << c.Text;
         EXPECT_TRUE(ParseScope(c.Text)) << c.Text;
     }
