@@ -239,7 +239,8 @@ std::uint16_t Emitter::EmitFunction(const Node& node) {
 }
 
 std::uint16_t Emitter::Prompt(const Node& node, int special) {
-    if (node.A != NoNode) return Text(node.A);
+    const bool given = node.A != NoNode && !(NodeAt(node.A).Kind == NodeKind::Text && NodeAt(node.A).A == 0);
+    if (given) return Text(node.A);
     const std::uint16_t dst = NewText();
     Instruction& i = Emit(Op::SpecialText);
     i.Dst = dst;

@@ -547,7 +547,8 @@ TEST(Translate, SentencesFollowTheOrderOfTheTable) {
         {"cs1\t=\t5", "V101 L050 5"},
         {"are named", "L050 named"},
     };
-    for (const auto& [line, elements] : cases) EXPECT_EQ(TrimBlanks(ReplacePhrases(Prepared(line), Names)), elements) << line;
+    for (const auto& [line, elements] : cases)
+        EXPECT_EQ(TrimBlanks(ReplacePhrases(Prepared(line), Names)), elements) << line;
 }
 
 TEST(Translate, GivesWhatTheRowsGiveInTheirOrder) {
