@@ -150,7 +150,7 @@ bool Reducer::ReadVariables(Terms& terms) {
     for (std::size_t i = 0; i < terms.size(); ++i) {
         const Term& term = terms[i];
         const bool target = term.Code == Code::TargetVariable;
-        if (!target && term.Code != Code::Variable) {
+        if (term.Finished || (!target && term.Code != Code::Variable)) {
             out.push_back(term);
             continue;
         }
@@ -161,6 +161,7 @@ bool Reducer::ReadVariables(Terms& terms) {
             Term& mark = out.emplace_back();
             mark.Code = Code::TargetVariable;
             mark.Inside = static_cast<std::int32_t>(Places.size());
+            mark.Finished = true;
             Places.push_back(place);
             continue;
         }

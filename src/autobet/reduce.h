@@ -18,6 +18,7 @@ struct Term {
     double Value = 0;              ///< of qualifiers
     std::int32_t Node = NoNode;    ///< of values; of a player by position its argument
     std::int32_t Inside = NoNode;  ///< of functions and quantifiers: their bracket; of targets: their reference
+    bool Finished = false;         ///< a target whose qualifiers are read
 
     bool IsNumber() const { return Code == tarnwick::Code::Number; }
     bool IsText() const { return Code == tarnwick::Code::String; }

@@ -88,7 +88,7 @@ bool Reducer::ReduceFunctions(Terms& terms) {
     for (std::size_t i = 0; i < terms.size(); ++i) {
         const Term& term = terms[i];
         const bool target = term.Code == Code::TargetFunction;
-        if (!target && term.Code != Code::Function) {
+        if (term.Finished || (!target && term.Code != Code::Function)) {
             out.push_back(term);
         } else if (target || IsPlaceFunction(term.Number)) {
             if (!TakePlaceFunction(terms, i, out)) return false;
@@ -119,6 +119,7 @@ bool Reducer::TakePlaceFunction(const Terms& terms, std::size_t& i, Terms& out) 
         Term& mark = out.emplace_back();
         mark.Code = Code::TargetFunction;
         mark.Inside = static_cast<std::int32_t>(Places.size());
+        mark.Finished = true;
         Places.push_back(place);
         return true;
     }

@@ -18,6 +18,11 @@ constexpr std::string_view NoBracketJoin = "=:^*/\\+-<>&";
 
 bool In(char c, std::string_view set) { return set.find(c) != std::string_view::npos; }
 
+/// A comparison of two characters.
+bool IsCompound(std::string_view word) {
+    return word == "<>" || word == "<=" || word == ">=" || word == "=<" || word == "=>";
+}
+
 /// Where the quoted text that opens at `open` ends: behind its closing quote, or the end of the line.
 std::size_t QuoteEnd(std::string_view line, std::size_t open) {
     const std::size_t close = line.find('"', open + 1);
@@ -49,6 +54,12 @@ Words SplitWords(std::string_view code, std::string& comment) {
             words.emplace_back(code.substr(i, end - i));
             if (end == code.size() && (end - i < 2 || code.back() != '"')) words.back() += '"';
             i = end;
+            continue;
+        }
+        if (IsCompound(code.substr(i, 2))) {
+            finish();
+            words.emplace_back(code.substr(i, 2));
+            i += 2;
             continue;
         }
         if (IsBlank(c) || In(c, BlankAhead)) finish();
@@ -92,11 +103,7 @@ void AppendOperator(Words& words, std::string word) {
         }
         break;
     }
-    if (word == "+" && !words.empty() &&
-        (words.back() == "<=" || words.back() == ">=" || words.back() == "<>" || words.back() == "=<" ||
-         words.back() == "=>")) {
-        return;
-    }
+    if (word == "+" && !words.empty() && IsCompound(words.back())) return;
     words.push_back(std::move(word));
 }
 
