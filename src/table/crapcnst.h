@@ -117,6 +117,7 @@ struct Table : Settings, DiceState, Statistics {
     bool FireHandReset = false;        ///< a paying Fire bet may be left up for the next hand
     bool PointMoving = false;          ///< the roll moved the point, and uncalled bets don't follow it yet
     std::string StopReason;
+    std::string GameFolder;  ///< where files of a script that have no folder of their own lie; empty: the current one
     std::string EventsLogHeading;
     bool EventsLogStarted = false;  ///< a line was given to the log
     std::int32_t EventsLogTopLine = 1;
