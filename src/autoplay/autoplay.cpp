@@ -197,6 +197,8 @@ void ApplyNewPointOrders(Table& t) {
     if (t.Point == 0) return;
     const int index = PointIndex(t.Point);
     for (int p = 1; p < Positions; ++p) {
+        const unsigned onLine = t.SeatsOn[Row::PassLine] | t.SeatsOn[Row::DontPass];
+        if ((onLine >> p & 1u) == 0) continue;
         const bool onPass = !IsZero(t.BetAmount(p, Row::PassLine));
         if (onPass && t.AutoTakeFullOdds[At(p)]) MaxOutBet(t, p, Row::PassLineOdds);
         if (onPass && t.AutoDownPlaceBets[At(p)]) {

@@ -34,23 +34,26 @@ std::string_view UnitWord(int unit) { return unit == 0 ? "$" : unit == 1 ? "%" :
 /// What stood on the bet when the dice were thrown.
 currency OldBet(const Table& t, const DecidedBet& bet) { return t.PrevBetAmount(bet.Position, bet.BetRow); }
 
-void TellChange(Table& t, const DecidedBet& bet, const std::string& title, bool tellSame) {
+void TellChange(Table& t, const DecidedBet& bet, std::string_view title, bool tellSame) {
     if (!MayNotify(t, 4)) return;
     const currency change = t.BetAmount(bet.Position, bet.BetRow) - OldBet(t, bet);
     if (IsZero(change) && !tellSame) return;
     const std::string what = change > currency{}   ? "increased by: $" + FormatCommas(change)
                              : change < currency{} ? "decreased by: $" + FormatCommas(-change)
                                                    : "remains the same.";
-    ShowNote(t, title, t.PlayerName[At(bet.Position)] + "\n\n" + std::string(BetName(bet.BetRow)) + " bet " + what,
+    ShowNote(t, std::string(title),
+             t.PlayerName[At(bet.Position)] + "\n\n" + std::string(BetName(bet.BetRow)) + " bet " + what,
              MsgButton::Ok | MsgButton::HideCharges);
 }
 
 /// Puts `amount` where the settled bet stood, through the rules, and tells what came of it.
-void Rebet(Table& t, const DecidedBet& bet, currency amount, const std::string& title, bool tellSame = true) {
+void Rebet(Table& t, const DecidedBet& bet, currency amount, std::string_view title, bool tellSame = true) {
     const int p = bet.Position, row = bet.BetRow;
     const int state = BetWorking(t, p, row);
-    TakeBetDown(t, bet);
-    CheckBetRules(t, p, row, amount);
+    if (amount != t.BetAmount(p, row) || !KeepSettledBet(t, p, row)) {
+        TakeBetDown(t, bet);
+        CheckBetRules(t, p, row, amount);
+    }
     const bool called = state == 2 || state == -1;
     if (called && !IsZero(t.BetAmount(p, row))) SetBetWorking(t, p, row, state);
     if (t.HyperDriveActive) return;

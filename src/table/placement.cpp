@@ -269,6 +269,17 @@ void RemoveBet(Table& t, int p, int row) {
     if (!IsZero(bet)) PlaceBet(t, p, row, -bet);
 }
 
+bool KeepSettledBet(Table& t, int p, int row) {
+    const currency bet = t.BetAmount(p, row);
+    if (IsBuy(row) || IsLay(row) || t.AutoAdjustMode[At(p)] > 0 || !IsMultipleOf(bet, SmallestCheck(t))) return false;
+    if (!t.AllowNegativeBankroll[At(p)] && t.BetsOnTable[At(p)] > t.Bankroll[At(p)]) return false;
+    if (bet < MinimumBet(t, row) || bet > MaximumBet(t, p, row) || IsRefused(t, p, row)) return false;
+    ResetBetWorking(t, p, row);
+    TouchBet(t, p, row);
+    t.GameChanged = true;
+    return true;
+}
+
 void MaxOutBet(Table& t, int p, int row) {
     if (!IsOffered(t, row)) return;
     CheckBetRules(t, p, row, -t.BetAmount(p, row), Speak::Silent);
@@ -361,11 +372,6 @@ void RedrawAllBets(Table& t) {
 
 void ResetBetWorking(Table& t, int p, int row) {
     if (row > Row::LastBet) return;
-    if (t.RollInProgress && t.WorkingOverlay != 0) {
-        // Nothing reads the state before the roll has brought the overlay in line with the point.
-        t.WorkingCells(p, row) = 1;
-        return;
-    }
     SetBetWorking(t, p, row, t.Point == 0 ? t.ComeOutWorking(p, row) : 1);
 }
 

@@ -23,6 +23,11 @@ BetChange PlaceBet(Table& t, int p, int row, currency request);
 /// NotifyBits says. Rows above 91 hold any value within +-99,999,999,999,999.9999 and touch no money.
 BetChange CheckBetRules(Table& t, int p, int row, currency request, Speak speak = Speak::Aloud);
 
+/// Leaves a settled bet of row 1..91 (nothing of it is established any more) where it stands, as if it had been taken
+/// down and made again through CheckBetRules. False, with nothing changed, when the rules might bend it or have
+/// something to say: then it must go through them.
+bool KeepSettledBet(Table& t, int p, int row);
+
 /// Takes the whole bet off through PlaceBet; does nothing on a bet of 0.
 void RemoveBet(Table& t, int p, int row);
 
