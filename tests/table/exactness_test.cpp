@@ -24,7 +24,7 @@ namespace {
 
 /// All that decides the future of one bet.
 struct ChainState {
-    int Point = 0, PrevPoint = 0, BetRow = 0, Marked = 0, PointsMade = 0, FourRolls = 0, HandBegun = 0;
+    int Point = 0, PrevPoint = 0, BetRow = 0, Marked = 0, PointsMade = 0, FourRolls = 0;
     auto operator<=>(const ChainState&) const = default;
 };
 
@@ -280,6 +280,58 @@ TEST(Exactness, EveryBetHasItsExactExpectedValue) {
         SCOPED_TRACE(std::string(BetName(c.Bet)) + ": " + c.Derivation);
         const BetChain chain(c.Bet, Dollars(c.Amount), c.Point);
         EXPECT_NEAR(chain.ExpectedValue(), c.Expected, 1e-11) << chain.states() << " states";
+    }
+}
+
+/// Mean result of one bet at a time over many rolls, with its standard error.
+struct LongRun {
+    int Bets = 0;
+    double Mean = 0, StandardError = 0;
+};
+
+LongRun PlayOneBetAtATime(const Case& c, int rolls) {
+    SilentScreen front;
+    front.KeepShown = false;
+    const auto owner = std::make_unique<Table>();
+    Table& t = *owner;
+    SubMain(t, &front);
+    SeedEverything(t, 4711);
+    t.ShooterBetRequirement = t.NotifyBits = 0;
+    t.MaxPlacardBet = t.MaxPropBetPayoff = Dollars(100'000);
+    AddPlayer(t, 1, "Ann", Dollars(1'000'000));
+    t.WinnerHandling[1] = t.LoserHandling[1] = 1;
+    LongRun run;
+    double sum = 0, squares = 0;
+    currency before;
+    bool up = false;
+    for (int roll = 0; roll < rolls; ++roll) {
+        if (!up) {
+            const bool boxWaits = c.Point != 0 && t.Point == 0;
+            before = t.Bankroll[1];
+            up = !boxWaits && !IsZero(PlaceBet(t, 1, c.Bet, Dollars(c.Amount)).Delta);
+            if (up && !boxWaits && IsPlace(c.Bet)) CallBet(t, 1, c.Bet, true);
+        }
+        RollDice(t);
+        if (up && IsZero(t.BetsOnTable[1])) {
+            const double result = ToDouble(t.Bankroll[1] - before);
+            sum += result;
+            squares += result * result;
+            ++run.Bets;
+            up = false;
+        }
+    }
+    run.Mean = sum / run.Bets;
+    run.StandardError = std::sqrt((squares / run.Bets - run.Mean * run.Mean) / run.Bets);
+    return run;
+}
+
+TEST(Exactness, LongRunsOfEveryBetAgreeWithItsExactChance) {
+    for (const Case& c : Cases()) {
+        SCOPED_TRACE(std::string(BetName(c.Bet)));
+        const LongRun run = PlayOneBetAtATime(c, 20'000);
+        EXPECT_GT(run.Bets, 1000);
+        EXPECT_LT(std::abs(run.Mean - c.Expected), 4 * run.StandardError)
+            << run.Mean << " over " << run.Bets << " bets";
     }
 }
 
