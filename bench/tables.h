@@ -22,7 +22,7 @@ struct BenchTable {
         Front.KeepShown = false;
         SubMain(T, &Front);
         SeedEverything(T, Seed);
-        T.AutoStopRolls = Dollars(Rolls);
+        T.RunUntilRoll = Rolls;
     }
 
     /// Seats a player rich enough to lose for the whole session; bets stay up by standing orders.

@@ -7,6 +7,7 @@
 #include "lab/consolecommands.h"
 #include "lab/interrupt.h"
 #include "lab/labtable.h"
+#include "lab/texttable.h"
 #include "table/session.h"
 
 namespace tarnwick::lab {
@@ -41,7 +42,7 @@ int RunConsole(const ConsoleOptions& options) {
     if (options.Rng > 0) SelectRng(*table, options.Rng);
     const std::string fault = ApplySettings(*table, options.Settings);
     if (!fault.empty()) {
-        fprintf(stderr, "tarnwick-lab console: %s\n", fault.c_str());
+        fprintf(stderr, "tarnwick-lab console: %s\n", OneLine(fault).c_str());
         return 2;
     }
     SeedEverything(*table, console.Seed);

@@ -11,7 +11,6 @@
 #include "dice/dicefile.h"
 #include "lab/consolereports.h"
 #include "lab/labtable.h"
-#include "lab/rollhost.h"
 #include "lab/texttable.h"
 #include "stats/accumulators.h"
 #include "stats/eventslog.h"
@@ -133,9 +132,7 @@ std::string DoPlayer(Console& c, Arguments& a) {
     const currency buyIn = a.Money();
     if (!a.Ok()) return a.Fault;
     if (IsSeated(c.T, p)) return NameAt(c.T, p) + " stands at position " + std::to_string(p) + " already";
-    std::string fault = AddPlayer(c.T, p, name, buyIn);
-    if (fault.empty() && !IsSeated(c.T, c.T.ActivePlayer)) c.T.ActivePlayer = p;
-    return fault;
+    return AddPlayer(c.T, p, name, buyIn);
 }
 
 std::string DoRemove(Console& c, Arguments& a) {
@@ -282,10 +279,9 @@ void RollByItself(Console& c, std::uint64_t rolls, int throttle) {
     const std::int32_t userThrottle = c.T.HyperThrottle;
     c.Screen.LastStopReason.clear();
     c.T.HyperThrottle = throttle;
-    {
-        const StopAtRolls stop(c.T, SessionRolls(c.T) + static_cast<std::int64_t>(rolls));
-        ToggleAutoRoll(c.T);
-    }
+    c.T.RunUntilRoll = SessionRolls(c.T) + static_cast<std::int32_t>(rolls);
+    ToggleAutoRoll(c.T);
+    c.T.RunUntilRoll = 0;
     c.T.HyperThrottle = userThrottle;
     teller.Tell();
 }
@@ -461,8 +457,10 @@ constexpr Command Commands[] = {
     {"answer", "answer VALUE", "queues the answer to the next question", 1, Endless, DoAnswer},
     {"log", "log on|off", "prints the lines of the Events Log", 1, 1, DoLog},
     {"set", "set NAME VALUE", "changes a setting", 1, Endless, DoSet},
-    {"new", "new [preserve-data] [preserve-checkstacks] [preserve-logs] [retain-dice-file continue|rewind]",
-     "starts another session", 0, 5, DoNew},
+    {"new", "new [OPTION...]",
+     "another session; OPTIONs are preserve-data, preserve-checkstacks, preserve-logs, retain-dice-file "
+     "continue|rewind",
+     0, 5, DoNew},
     {"state", "state", "the table and its bets", 0, 0, DoState},
     {"stats", "stats P SCOPE", "bets and bankroll in a scope: hand, last-hand, session, last-session, all", 2, 2,
      DoStats},

@@ -4,6 +4,8 @@
 #include <stdlib.h>
 #include <unistd.h>
 
+#include "lab/texttable.h"
+
 namespace tarnwick::lab {
 
 LineSource::LineSource() : Terminal(isatty(STDIN_FILENO) != 0) {}
@@ -31,7 +33,8 @@ void Printer::PrintLine(std::string_view text) const {
     fputc('\n', stdout);
 }
 
-void Printer::Fault(std::string_view text) {
+void Printer::Fault(std::string_view message) {
+    const std::string text = OneLine(message);
     Failed = true;
     if (Json) {
         JsonWriter json;
@@ -41,7 +44,7 @@ void Printer::Fault(std::string_view text) {
         return;
     }
     fflush(stdout);  // the two streams often end in the same place, and the order tells what failed
-    fprintf(stderr, "line %d: %.*s\n", Lines.LineNumber(), static_cast<int>(text.size()), text.data());
+    fprintf(stderr, "line %d: %s\n", Lines.LineNumber(), text.c_str());
 }
 
 }  // namespace tarnwick::lab

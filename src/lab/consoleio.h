@@ -39,7 +39,7 @@ class Printer {
     void PrintLine(std::string_view text) const;  ///< with a line break
     void PrintJson(const JsonWriter& json) const { PrintLine(json.Text()); }
     /// What is wrong with the line read last: on standard error, or with JSON as an object on standard output.
-    void Fault(std::string_view text);
+    void Fault(std::string_view message);
     bool AnyFault() const { return Failed; }
 
   private:

@@ -225,10 +225,9 @@ std::string RollsText(const Table& t, int p, int scope) {
     const int pos = Pos(p, scope);
     const std::int32_t rolls = RollCount(t, pos, 0);
     std::string out = (p == 0 ? "The table" : t.PlayerName[At(p)]) + ", " + std::string(ScopeName(scope)) + ": " +
-                      Grouped(rolls) + " rolls, " + Grouped(HandCount(t, pos)) +
-                      " hands; most in a hand: " + Grouped(MostRolls(t, pos)) + " rolls, " +
-                      Grouped(MostComeouts(t, pos)) + " come-outs, " + Grouped(MostPasses(t, pos)) + " passes, " +
-                      Grouped(MostMisses(t, pos)) + " misses\n";
+                      "rolls " + Grouped(rolls) + ", hands " + Grouped(HandCount(t, pos)) + "; most in a hand: rolls " +
+                      Grouped(MostRolls(t, pos)) + ", come-outs " + Grouped(MostComeouts(t, pos)) + ", passes " +
+                      Grouped(MostPasses(t, pos)) + ", misses " + Grouped(MostMisses(t, pos)) + "\n";
     std::vector<std::vector<std::string>> rows = {{"Total", "Rolls", "%", "Come-outs", "Passes", "Misses"}};
     for (const auto& [event, name] : TotalEvents) {
         const std::int32_t count = RollCount(t, pos, event);

@@ -10,9 +10,9 @@
 
 namespace tarnwick::lab {
 
-/// Seed of session `number` (from 1) of a run with seed `seed`. The first session takes the seed itself; the others take
-/// odd numbers below 2^31, mixed from both, no two of 2^30 sessions the same. Odd, because some generators drop the
-/// lowest bit.
+/// Seed of session `number` (from 1) of a run with seed `seed`. The first session takes the seed itself; the others
+/// take odd numbers below 2^31, mixed from both, no two of 2^30 sessions the same. Odd, because some generators drop
+/// the lowest bit.
 std::uint64_t SessionSeed(std::uint64_t seed, std::uint64_t number);
 
 /// A seed from the clock, short enough to be typed.

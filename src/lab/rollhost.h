@@ -1,7 +1,6 @@
 // A place in the roll cycle for the laboratory: after the scripts of each roll, as the last thing before the next.
 #pragma once
 
-#include <cstdint>
 #include <string>
 
 #include "table/crapcnst.h"
@@ -35,17 +34,6 @@ class RollHost : public ScriptHost {
 
   private:
     ScriptHost* Behind;
-};
-
-/// Stops a run when the session has `rolls` rolls.
-class StopAtRolls : public RollHost {
-  public:
-    StopAtRolls(Table& t, std::int64_t rolls) : RollHost(t), Rolls(rolls) {}
-
-  private:
-    void AfterRoll() override;
-
-    std::int64_t Rolls;
 };
 
 }  // namespace tarnwick::lab

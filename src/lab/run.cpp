@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <thread>
 
 #include "dice/dice.h"
@@ -16,9 +17,9 @@
 #include "lab/labtable.h"
 #include "lab/runscreen.h"
 #include "lab/runsummary.h"
+#include "lab/texttable.h"
 #include "stats/accumulators.h"
 #include "table/format.h"
-#include "table/messages.h"
 #include "table/placement.h"
 #include "table/players.h"
 #include "table/rundriver.h"
@@ -69,15 +70,16 @@ std::string PlaceFirstBets(Plan& plan) {
     return {};
 }
 
-std::string Prepare(Plan& plan, RunScreen& screen) {
+std::string Prepare(Plan& plan) {
     Table& t = *plan.Start;
-    SubMain(t, &screen);
+    SubMain(t, nullptr);
     if (plan.Options.Rng > 0) SelectRng(t, plan.Options.Rng);
     std::string fault = SeatPlayers(t, plan.Options);
     if (fault.empty()) fault = ApplySettings(t, plan.Options.Settings);
     if (fault.empty()) fault = PlaceFirstBets(plan);
     if (fault.empty() && !plan.Options.DiceFile.empty()) fault = PlayDiceFile(t, plan.Options.DiceFile);
     t.HyperThrottle = 0;
+    t.RunUntilRoll = static_cast<std::int32_t>(plan.Options.Rolls);
     return fault;
 }
 
@@ -91,14 +93,13 @@ RunSummary PlaySessions(Plan& plan) {
         Table& t = *table;
         t = *plan.Start;
         SeedEverything(t, SessionSeed(plan.Options.Seed, number));
-        RunScreen screen;
-        t.Front = &screen;
-        {
-            const RunHost host(t, screen, static_cast<std::int64_t>(plan.Options.Rolls), plan.Orders, plan.RollsPlayed);
-            ToggleAutoRoll(t);
-        }
-        t.Front = nullptr;
-        summary.AddSession(t, screen.StopReason.empty() ? "Stopped." : screen.StopReason);
+        RunScreen screen(t, plan.RollsPlayed);
+        std::optional<OrderHost> orders;
+        if (!plan.Orders.empty()) orders.emplace(t, plan.Orders);
+        ToggleAutoRoll(t);
+        const bool complete = SessionRolls(t) >= t.RunUntilRoll;
+        const std::string silent = complete ? "All rolls played." : "Stopped.";
+        summary.AddSession(t, screen.StopReason.empty() ? silent : screen.StopReason);
     }
     return summary;
 }
@@ -178,15 +179,13 @@ std::string RunCommand(const RunOptions& options) {
 }
 
 int Run(const RunOptions& options) {
+    CatchInterrupts();
     Plan plan(options);
-    RunScreen setupScreen;
-    const std::string fault = Prepare(plan, setupScreen);
-    plan.Start->Front = nullptr;
+    const std::string fault = Prepare(plan);
     if (!fault.empty()) {
-        std::fprintf(stderr, "tarnwick-lab run: %s\n", fault.c_str());
+        std::fprintf(stderr, "tarnwick-lab run: %s\n", OneLine(fault).c_str());
         return 2;
     }
-    CatchInterrupts();
     const auto start = std::chrono::steady_clock::now();
     const RunSummary summary = PlayOnThreads(plan, JobsToUse(options));
     const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - start;

@@ -1,10 +1,10 @@
-// What stands around an unattended session: nobody is asked, orders are placed between rolls, and the run stops at its
-// number of rolls or by Ctrl-C.
+// What stands around an unattended session: nobody is asked, Ctrl-C stops it, and orders are placed between rolls.
 #pragma once
 
 #include <atomic>
 #include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "lab/rollhost.h"
@@ -21,42 +21,41 @@ struct BetOrder {
     bool Placed = false;  ///< at least once
 };
 
-/// The front end of a session. Keeps why the run stopped.
+/// The front end of a session while it lives. Keeps why the run stopped, and counts its rolls into those of all
+/// sessions.
 class RunScreen : public Screen {
   public:
+    RunScreen(Table& t, std::atomic<std::uint64_t>& rollsPlayed);
+    ~RunScreen() override;
+    RunScreen(const RunScreen&) = delete;
+    RunScreen& operator=(const RunScreen&) = delete;
+
     std::string StopReason;  ///< the text of the first message
 
     Answer Show(const Message& message) override;
     int AskSettleBet(const SettleQuestion& question) override;
+    void PumpEvents() override;
     void WaitEvents(int milliseconds) override { Clock += static_cast<std::uint32_t>(milliseconds); }
     std::uint32_t Milliseconds() override { return Clock; }
 
   private:
+    void CountRolls();
+
+    Table& T;
+    std::atomic<std::uint64_t>& RollsPlayed;
+    std::int64_t RollsSeen = 0;
     std::uint32_t Clock = 0;
 };
 
-/// Follows the rolls of a session: places orders, counts and stops.
-class RunHost : public RollHost {
+/// Places orders after each roll, while it lives.
+class OrderHost : public RollHost {
   public:
-    /// `rollsPlayed` counts the rolls of all sessions, in strides.
-    RunHost(Table& t, RunScreen& screen, std::int64_t rolls, std::vector<BetOrder> orders,
-            std::atomic<std::uint64_t>& rollsPlayed);
-    ~RunHost() override;
+    OrderHost(Table& t, std::vector<BetOrder> orders) : RollHost(t), Orders(std::move(orders)) {}
 
   private:
-    void AfterRoll() override {
-        if (--RollsToCheck <= 0) LookAround();
-        if (!Orders.empty()) PlaceOrders();
-    }
-    void LookAround();
-    void PlaceOrders();
+    void AfterRoll() override;
 
-    RunScreen& Front;
-    std::int64_t RollsWanted;
-    std::int64_t RollsToCheck;
-    std::int64_t RollsSeen = 0;
     std::vector<BetOrder> Orders;
-    std::atomic<std::uint64_t>& RollsPlayed;
 };
 
 }  // namespace tarnwick::lab

@@ -34,6 +34,18 @@ std::string TextTable(const std::vector<std::vector<std::string>>& rows, std::si
     return out;
 }
 
+std::string OneLine(std::string_view text) {
+    std::string line;
+    for (const char c : text) {
+        if (c != '\n') {
+            line += c;
+        } else if (!line.empty() && line.back() != ' ') {
+            line += ' ';
+        }
+    }
+    return line;
+}
+
 std::string Grouped(std::int64_t number) {
     std::string digits = std::to_string(number);
     const std::size_t start = number < 0 ? 1 : 0;

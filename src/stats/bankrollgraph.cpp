@@ -9,13 +9,37 @@ using namespace StatsDetail;
 
 namespace {
 
-/// Sum of p's bankrolls after rolls 1..roll. `roll` must lie in the ring, or before the session.
+/// Run `age` of the series, 0 the newest.
+const GraphRun& RunOfAge(const GraphSeries& series, std::uint32_t age) {
+    return series.Runs[series.Newest >= age ? series.Newest - age : series.Newest + GraphSeries::Room - age];
+}
+
+/// Age of the run that `roll` lies in; of the oldest when that is younger.
+std::uint32_t AgeAt(const GraphSeries& series, std::int64_t roll) {
+    std::uint32_t youngest = 0;
+    std::uint32_t oldest = series.Count - 1;
+    while (youngest < oldest) {
+        const std::uint32_t middle = (youngest + oldest) / 2;
+        if (RunOfAge(series, middle).From <= roll) {
+            oldest = middle;
+        } else {
+            youngest = middle + 1;
+        }
+    }
+    return youngest;
+}
+
+/// Sum of p's bankrolls after rolls 1..roll, modulo 2^64.
 std::uint64_t SumTo(const Table& t, int p, int roll) {
-    return roll < 1 ? 0 : t.GraphSums[At(roll % GraphRing)][At(p - 1)];
+    if (roll < 1) return 0;
+    const GraphSeries& series = t.GraphOf[At(p)];
+    return RunOfAge(series, AgeAt(series, roll)).SumTo(roll);
 }
 
 currency ValueAfter(const Table& t, int p, int roll) {
-    return {static_cast<std::int64_t>(SumTo(t, p, roll) - SumTo(t, p, roll - 1))};
+    if (roll < 1) return {};
+    const GraphSeries& series = t.GraphOf[At(p)];
+    return {RunOfAge(series, AgeAt(series, roll)).Value};
 }
 
 /// The roll that page point i 1..1050 shows; a point that the page hasn't reached still shows the page before. 0 or
@@ -30,22 +54,29 @@ struct Range {
 };
 
 Range PageRange(const Table& t, int p) {
-    const bool extra = ((t.GraphHasExtra >> p) & 1u) != 0;
     Range range;
-    if (extra) {
-        range = {t.GraphExtra[At(p)], t.GraphExtra[At(p)]};
-    } else if (GraphCount(t) > 0) {
-        range.Low = range.High = ValueAfter(t, p, t.GraphPoints);
-    }
-    for (int roll = t.GraphStart; roll <= t.GraphPoints; ++roll) {
-        const currency value = ValueAfter(t, p, roll);
-        range.Low = std::min(range.Low, value);
-        range.High = std::max(range.High, value);
+    bool any = ((t.GraphHasExtra >> p) & 1u) != 0;
+    if (any) range = {t.GraphExtra[At(p)], t.GraphExtra[At(p)]};
+    if (GraphCount(t) == 0) return range;
+    const GraphSeries& series = t.GraphOf[At(p)];
+    const std::uint32_t oldest = AgeAt(series, t.GraphStart);
+    for (std::uint32_t age = AgeAt(series, t.GraphPoints); age <= oldest; ++age) {
+        const currency value = {RunOfAge(series, age).Value};
+        range.Low = any ? std::min(range.Low, value) : value;
+        range.High = any ? std::max(range.High, value) : value;
+        any = true;
     }
     return range;
 }
 
 constexpr std::uint32_t AllPlayers = 0x1fe;
+
+/// One run from the session's first roll on.
+void StartSeries(GraphSeries& series, currency value) {
+    series.Newest = 0;
+    series.Count = 1;
+    series.Runs[0] = {1, value.TenThousandths, 0};
+}
 
 currency SessionAverage(const Table& t, int p, std::int64_t rollsBack, currency sum) {
     const std::int64_t samples = std::int64_t{PlayerRolls(t, p + 18)} + 1 - rollsBack;
@@ -73,22 +104,23 @@ void TurnGraphPage(Table& t) {
 void RestartBankrollGraph(Table& t) {
     t.GraphStart = 1;
     t.GraphPoints = 0;
-    t.GraphRow = 0;
-    t.GraphSums[0] = {};
     t.GraphScale = Dollars(1);
     t.GraphTop = Dollars(150);
-    for (std::size_t p = 1; p < Positions; ++p) t.GraphExtra[p] = t.Bankroll[p];
+    for (std::size_t p = 1; p < Positions; ++p) {
+        StartSeries(t.GraphOf[p], t.Bankroll[p]);
+        t.GraphExtra[p] = t.Bankroll[p];
+    }
     t.GraphHasExtra = AllPlayers;
 }
 
 void ClearGraphPosition(Table& t, int p) {
-    for (auto& row : t.GraphSums) row[At(p - 1)] = 0;
+    StartSeries(t.GraphOf[At(p)], {});
     t.GraphExtra[At(p)] = {};
     t.GraphHasExtra |= 1u << p;
 }
 
 void SwapGraphPositions(Table& t, int p, int q) {
-    for (auto& row : t.GraphSums) std::swap(row[At(p - 1)], row[At(q - 1)]);
+    std::swap(t.GraphOf[At(p)], t.GraphOf[At(q)]);
     std::swap(t.GraphExtra[At(p)], t.GraphExtra[At(q)]);
     const std::uint32_t extra = t.GraphHasExtra;
     t.GraphHasExtra = (extra & ~(1u << p | 1u << q)) | ((extra >> p) & 1u) << q | ((extra >> q) & 1u) << p;

@@ -1,7 +1,8 @@
 // The bankroll graph as figures: 525 rolls a page for every player, moving average, scale and axis.
 //
-// A series is kept as running sums by roll, so that a roll writes one row, nothing moves, and an average is one
-// difference. The page is a window on it: points 1..525 the page, 526..1050 the rolls before it.
+// A series is kept as runs of one bankroll with running sums, so that a roll without a decision writes nothing, nothing
+// ever moves, and an average is one difference. The page is a window on it: points 1..525 the page, 526..1050 the rolls
+// before it.
 #pragma once
 
 #include <array>
@@ -50,14 +51,6 @@ void TurnGraphPage(Table& t);
 inline void AddGraphPoint(Table& t) {
     const bool full = GraphCount(t) == GraphPage;
     if (full) StatsDetail::TurnGraphPage(t);
-    const auto& last = t.GraphSums[t.GraphRow];
-    t.GraphRow = t.GraphRow + 1 == GraphRing ? 0 : t.GraphRow + 1;
-    auto& next = t.GraphSums[t.GraphRow];
-    for (std::size_t i = 0; i < Positions - 1; ++i) {
-        // Read one by one: a wider load of what was just stored singly would wait for the stores to leave the core.
-        const std::int64_t now = static_cast<const volatile std::int64_t&>(t.Bankroll[i + 1].TenThousandths);
-        next[i] = last[i] + static_cast<std::uint64_t>(now);
-    }
     ++t.GraphPoints;
     if (full && t.GraphWindowOpen && t.GraphPlotType == 1) ResetBankrollGraph(t, false);
 }

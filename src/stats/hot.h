@@ -50,6 +50,19 @@ inline void SettleSum(Statistics& s, std::size_t p) {
     }
 }
 
+/// The bankroll after the next roll, and until it changes again, is `value`.
+inline void BeginGraphRun(GraphSeries& series, std::int64_t from, std::int64_t value) {
+    const GraphRun& last = series.Runs[series.Newest];
+    if (last.From < from) {
+        const std::uint64_t sum = last.SumTo(from - 1);
+        series.Newest = series.Newest + 1 == GraphSeries::Room ? 0 : series.Newest + 1;
+        series.Count += series.Count < GraphSeries::Room ? 1 : 0;
+        series.Runs[series.Newest] = {from, value, sum};
+    } else {
+        series.Runs[series.Newest].Value = value;
+    }
+}
+
 inline void AddResult(BetSide& side, std::int64_t amount, std::int64_t roll) {
     ++side.Count;
     side.Sum = SaturatedAdd(side.Sum, amount);
@@ -66,7 +79,10 @@ inline BetFigures& OpenRecord(BetBook& book, int p, int row) {
     const std::uint64_t bit = std::uint64_t{1} << (row & 63);
     if ((used & bit) == 0) {
         used |= bit;
-        record = {};
+        record.Wagers = {};  // side by side: the whole at once would be zeroed by a slower instruction
+        record.Wins = {};
+        record.Losses = {};
+        record.ComeFlat = 0;
     }
     return record;
 }
@@ -132,10 +148,12 @@ inline void RecordBetResult(Table& t, int p, int row, currency wager, currency n
 inline void SetBankroll(Table& t, int p, currency amount) {
     const std::size_t at = StatsDetail::At(p);
     StatsDetail::SettleSum(t, at);
+    StatsDetail::BeginGraphRun(t.GraphOf[at], std::int64_t{t.GraphPoints} + 1, amount.TenThousandths);
     t.Bankroll[at] = amount;
     t.Bankroll[at + 18] = amount;
     t.Bankroll[at + 36] = amount;
     t.BankrollsToSample |= 1u << p;
+    TouchSeat(t, p);
 }
 
 inline void TallyBankrolls(Table& t) {

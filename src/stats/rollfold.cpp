@@ -15,7 +15,7 @@ std::size_t ShooterOf(Word roll) { return (roll >> LoggedRoll::ShooterShift) & 1
 std::size_t ComeoutOf(Word roll) { return (roll >> LoggedRoll::ComeoutShift) & 63; }
 std::size_t DecisionOf(Word roll) { return (roll >> LoggedRoll::DecisionShift) & 63; }
 
-void CountRoll(RollRows<std::int32_t>& rows, Word roll) {
+inline void CountRoll(RollRows<std::int32_t>& rows, Word roll) {
     const std::size_t shooter = ShooterOf(roll);
     ++rows.Pairs[shooter][PairOf(roll)];
     ++rows.Lines[shooter][ComeoutOf(roll)];

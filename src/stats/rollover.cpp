@@ -203,7 +203,7 @@ void RolloverSession(Table& t) {
 void EraseStatistics(Table& t) {
     ForEachRows(t, [](auto& rows) { rows = {}; });
     ForEachBook(t, [](BetBook& book) { book.Used = {}; });
-    for (std::size_t p = 0; p < Positions; ++p) SettleSum(t, p);
+    for (int p = 0; p < Positions; ++p) SetBankroll(t, p, {});
     ForEachByPos(t, [](auto& array) { array = {}; });
     t.SeenHandFrom.fill(t.RollTotal);
     t.SeenSessionFrom.fill(t.RollTotal);

@@ -123,7 +123,28 @@ struct BetBook {
 // --- the bankroll graph ---
 
 constexpr int GraphPage = 525;
-constexpr int GraphRing = 2 * GraphPage + 1;
+
+/// From roll From of the session on, the bankroll after each roll is Value; SumBefore is the sum over the rolls before,
+/// modulo 2^64.
+struct GraphRun {
+    std::int64_t From = 1;
+    std::int64_t Value = 0;
+    std::uint64_t SumBefore = 0;
+
+    /// Sum over rolls 1..roll, modulo 2^64; `roll` in the run, or the one before it.
+    std::uint64_t SumTo(std::int64_t roll) const {
+        return SumBefore + static_cast<std::uint64_t>(Value) * static_cast<std::uint64_t>(roll + 1 - From);
+    }
+};
+
+/// The bankrolls of one position as runs, the newest at Newest, older ones before it in the ring. There is room for two
+/// pages that change on every roll, the run that the older page begins in, and the run of the next roll.
+struct GraphSeries {
+    static constexpr std::uint32_t Room = 2 * GraphPage + 2;
+    std::array<GraphRun, Room> Runs{};
+    std::uint32_t Newest = 0;
+    std::uint32_t Count = 1;
+};
 
 /// What the user chose for the graph, with the state of its axis.
 struct GraphSettings {
@@ -189,11 +210,10 @@ struct Statistics : GraphSettings {
     std::uint8_t SessionBook = 0;
     BetBook AllBook;  ///< without the session in progress
 
-    // The graph: running sums of the bankrolls after each roll of the session, by roll modulo the ring; modulo 2^64.
-    std::array<std::array<std::uint64_t, Positions - 1>, GraphRing> GraphSums{};
+    // The graph.
+    std::array<GraphSeries, Positions> GraphOf;
     std::int32_t GraphStart = 1;                   ///< roll of page point 1
     std::int32_t GraphPoints = 0;                  ///< roll of the last point
-    std::uint32_t GraphRow = 0;                    ///< its place in the ring
     std::array<currency, Positions> GraphExtra{};  ///< a value that low and high take in beside the page's points
     std::uint32_t GraphHasExtra = 0;               ///< by position
 };

@@ -110,13 +110,14 @@ struct Table : Settings, DiceState, Statistics {
     bool GameChanged = false;
     bool AutoRollActive = false;
     bool HyperDriveActive = false;
-    std::int32_t RunUntilRoll = 0;  ///< session roll at which a run ends without a word; 0: none. Not saved
+    std::int32_t RunUntilRoll = 0;     ///< session roll at which a run ends without a word; 0: none. Not saved
     bool ScriptRunning = false;        ///< inside a script's statement
     bool ScriptStopRequested = false;  ///< the user interrupts the script run
     std::int32_t ScriptPlayer = 0;     ///< whose script is running
     bool FireHandReset = false;        ///< a paying Fire bet may be left up for the next hand
     bool PointMoving = false;          ///< the roll moved the point, and uncalled bets don't follow it yet
     std::string StopReason;
+    std::string GameFolder;  ///< where files of a script that have no folder of their own lie; empty: the current one
     std::string EventsLogHeading;
     bool EventsLogStarted = false;  ///< a line was given to the log
     std::int32_t EventsLogTopLine = 1;
@@ -127,7 +128,7 @@ struct Table : Settings, DiceState, Statistics {
     std::array<RowMask, Positions> RowsOf{};            ///< by position: rows 1..199 with an amount not 0
     std::array<RowMask, Positions> ChangedSinceRoll{};  ///< rows touched since the last snapshot
     std::array<RowMask, Positions> ChangedSinceEnd{};   ///< rows touched since the last roll ended
-    SeatMask SeatsChangedSinceRoll = 0;                 ///< positions with any bit in these
+    SeatMask SeatsChangedSinceRoll = 0;                 ///< positions with any bit in these, or other money
     SeatMask SeatsChangedSinceEnd = 0;
     std::int8_t WorkingOverlay = 0;  ///< what the last change of the point made of uncalled bets: 0 settled in the
                                      ///< cells, 1 off by ComeOutWorking, 2 on
@@ -141,14 +142,19 @@ struct Table : Settings, DiceState, Statistics {
 /// Puts `amount` on (p 0..8, row 0..200) and keeps the masks; moves no other cell. Rows 1..91 need amount >= 0.
 void SetBetAmount(Table& t, int p, int row, currency amount);
 
+/// Notes that money of p changed since the last snapshot: bankroll, reserved vig or a bet.
+inline void TouchSeat(Table& t, int p) {
+    t.SeatsChangedSinceRoll = static_cast<SeatMask>(t.SeatsChangedSinceRoll | (1u << p));
+    t.SeatsChangedSinceEnd = static_cast<SeatMask>(t.SeatsChangedSinceEnd | (1u << p));
+}
+
 /// Notes that the settled state of (p, row) differs from the last snapshot.
 inline void TouchBet(Table& t, int p, int row) {
     const auto word = static_cast<std::size_t>(row >> 6);
     const std::uint64_t bit = std::uint64_t{1} << (row & 63);
     t.ChangedSinceRoll[static_cast<std::size_t>(p)][word] |= bit;
     t.ChangedSinceEnd[static_cast<std::size_t>(p)][word] |= bit;
-    t.SeatsChangedSinceRoll = static_cast<SeatMask>(t.SeatsChangedSinceRoll | (1u << p));
-    t.SeatsChangedSinceEnd = static_cast<SeatMask>(t.SeatsChangedSinceEnd | (1u << p));
+    TouchSeat(t, p);
 }
 
 inline void SetBetAmount(Table& t, int p, int row, currency amount) {

@@ -7,6 +7,7 @@
 #include <compare>
 #include <cstdint>
 #include <limits>
+#include <type_traits>
 
 namespace tarnwick {
 
@@ -37,19 +38,16 @@ constexpr bool IsZero(currency a) { return a.TenThousandths == 0; }
 template <class Int>
 constexpr Int FloorDivide(Int a, Int b) {
     const Int q = a / b;
-    return a % b < 0 ? q - 1 : q;
+    return a - q * b < 0 ? q - 1 : q;
 }
 
-/// Quotient of two integers, halves to the even neighbour. `b` must not be 0.
-constexpr int128 HalfEvenDivide(int128 a, int128 b) {
-    if (b < 0) {
-        a = -a;
-        b = -b;
-    }
-    const int128 q = FloorDivide<int128>(a, b);
-    const int128 twice = 2 * (a - q * b);
-    if (twice > b || (twice == b && q % 2 != 0)) return q + 1;
-    return q;
+/// Quotient of two integers, halves to the even neighbour. `b` must be above 0.
+template <class Int>
+constexpr Int HalfEvenDivide(Int a, std::type_identity_t<Int> b) {
+    const Int q = FloorDivide<Int>(a, b);
+    const Int over = a - q * b;
+    const Int under = b - over;
+    return over > under || (over == under && q % 2 != 0) ? q + 1 : q;
 }
 
 constexpr std::int64_t Saturate(int128 n) {
@@ -65,17 +63,29 @@ constexpr currency SaturatedSum(currency a, currency b) {
 
 /// Exact `a * b / c`, halves to the even ten-thousandth, held at the ends of the range. `c` must not be 0.
 constexpr currency MultiplyDivide(currency a, currency b, currency c) {
-    return {Saturate(HalfEvenDivide(static_cast<int128>(a.TenThousandths) * b.TenThousandths, c.TenThousandths))};
+    if (b == c) return a;  // even money, the commonest payoff
+    if (b == -c) return -a;
+    std::int64_t product = 0;
+    if (c.TenThousandths > 0 && !__builtin_mul_overflow(a.TenThousandths, b.TenThousandths, &product)) {
+        return {HalfEvenDivide(product, c.TenThousandths)};
+    }
+    const int128 exact = static_cast<int128>(a.TenThousandths) * b.TenThousandths;
+    const int128 divisor = c.TenThousandths;
+    return {Saturate(divisor < 0 ? HalfEvenDivide<int128>(-exact, -divisor) : HalfEvenDivide<int128>(exact, divisor))};
 }
 
 /// Exact product of two amounts, one of them a factor such as a rate; halves to the even ten-thousandth.
 constexpr currency MultiplyBy(currency a, currency factor) { return MultiplyDivide(a, factor, Dollars(1)); }
 
-/// Whether `a` is a whole multiple of `unit` (above 0).
-constexpr bool IsMultipleOf(currency a, currency unit) { return a.TenThousandths % unit.TenThousandths == 0; }
+/// Whether `a` is a whole multiple of `unit` (above 0). Here and below the commonest unit, 1, divides by a constant.
+constexpr bool IsMultipleOf(currency a, currency unit) {
+    if (unit.TenThousandths == CurrencyScale) return a.TenThousandths % CurrencyScale == 0;
+    return a.TenThousandths % unit.TenThousandths == 0;
+}
 
 /// `a` rounded toward minus infinity to a whole multiple of `unit` (above 0).
 constexpr currency FloorTo(currency a, currency unit) {
+    if (unit.TenThousandths == CurrencyScale) return Dollars(FloorDivide(a.TenThousandths, CurrencyScale));
     return unit * FloorDivide(a.TenThousandths, unit.TenThousandths);
 }
 

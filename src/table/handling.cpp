@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 
+#include "config/payoffs.h"
 #include "table/format.h"
 #include "table/messages.h"
 #include "table/placement.h"
@@ -64,7 +65,7 @@ currency SlotAmount(const Table& t, const DecidedBet& bet, int slot) {
     const int unit = t.HandleUnit[p][s];
     if (unit == 0) return amount;
     if (unit == 1) return MultiplyDivide(amount, OldBet(t, bet), Dollars(100));
-    return MultiplyBy(MultiplyBy(amount, t.CheckDenominations[At(unit - 1)]), t.Payoff[At(bet.BetRow)].For);
+    return MultiplyBy(MultiplyBy(amount, t.CheckDenominations[At(unit - 1)]), PayoffOf(t, bet.BetRow).For);
 }
 
 /// The factor of a slot for multiplying and dividing, Times over Scale: a percentage counts in hundredths.

@@ -40,9 +40,10 @@ Search SearchShooter(const Table& t) {
     return found;
 }
 
-/// Notes of a request only, never in Hyper-Drive.
-void Tell(Table& t, PassMode mode, const std::string& text) {
-    if (mode == PassMode::Request && !t.HyperDriveActive) ShowNote(t, "Pass the Dice", text);
+/// Notes of a request only, never in Hyper-Drive; `text` makes the words when they are needed.
+template <class Text>
+void Tell(Table& t, PassMode mode, Text text) {
+    if (mode == PassMode::Request && !t.HyperDriveActive) ShowNote(t, "Pass the Dice", text());
 }
 
 void GiveTo(Table& t, int p) {
@@ -79,25 +80,25 @@ void PassTo(Table& t, PassMode mode, int candidate) {
     GiveTo(t, candidate);
     t.GameChanged = true;
     if (t.Front != nullptr && !t.HyperDriveActive) t.Front->RedrawTable();
-    if (HandRolls(t) > 0) Tell(t, mode, MidHandText(t, old, candidate));
+    if (HandRolls(t) > 0) Tell(t, mode, [&] { return MidHandText(t, old, candidate); });
 }
 
 }  // namespace
 
 void PassTheDice(Table& t, PassMode mode) {
     if (t.PlayerCount == 0) {
-        Tell(t, mode, "Unable to pass the dice.\n\nThere are no players at the table.");
+        Tell(t, mode, [] { return "Unable to pass the dice.\n\nThere are no players at the table."; });
         t.Shooter = t.HandShooter = 0;
         return;
     }
     const Search found = SearchShooter(t);
     if (t.PlayerCount == 1) {
-        Tell(t, mode, "Unable to pass the dice.\n\nThere are no other players at the table.");
+        Tell(t, mode, [] { return "Unable to pass the dice.\n\nThere are no other players at the table."; });
         if (mode == PassMode::PlayerLeft && found.Fallback != 0) GiveTo(t, found.Fallback);
         return;
     }
     if (found.Candidate != 0) return PassTo(t, mode, found.Candidate);
-    Tell(t, mode, NobodyText(t, found));
+    Tell(t, mode, [&] { return NobodyText(t, found); });
     if (mode == PassMode::PlayerLeft) GiveTo(t, found.Fallback);
 }
 

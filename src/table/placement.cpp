@@ -188,6 +188,7 @@ class Request {
         const currency before = cell;
         if (vig == before) return;
         cell = vig;
+        TouchSeat(T, P);
         if (upFront) T.BetsOnTable[At(P)] += vig - before;
         if (Tells(4)) TellVig(before, vig, upFront);
     }
@@ -360,6 +361,11 @@ void RedrawAllBets(Table& t) {
 
 void ResetBetWorking(Table& t, int p, int row) {
     if (row > Row::LastBet) return;
+    if (t.RollInProgress && t.WorkingOverlay != 0) {
+        // Nothing reads the state before the roll has brought the overlay in line with the point.
+        t.WorkingCells(p, row) = 1;
+        return;
+    }
     SetBetWorking(t, p, row, t.Point == 0 ? t.ComeOutWorking(p, row) : 1);
 }
 
@@ -433,6 +439,7 @@ void RecomputeVigs(Table& t) {
             t.LayVigCharged[At(p)][At(i)] = LayVig(t, Row::Lay4 + i, t.BetAmount(p, Row::Lay4 + i));
         }
         t.BetsOnTable[At(p)] = BetsOnTableOf(t, p);
+        TouchSeat(t, p);
     }
 }
 

@@ -57,6 +57,7 @@ void ClearPosition(Table& t, int p) {
     ClearSettings(t, p);
     ClearPositionStatistics(t, p);
     t.RailAmount[At(p)] = t.PrevBankroll[At(p)] = t.BankrollAtRollStart[At(p)] = currency{};
+    TouchSeat(t, p);
     t.ScriptOn[At(p)] = t.PrevScriptOn[At(p)] = false;
     t.ScriptName[At(p)].clear();
     t.SessionsLogName[At(p)].clear();
@@ -218,6 +219,7 @@ std::string AddPlayer(Table& t, int p, const std::string& givenName, currency bu
     SetBeginningBankroll(t, p, buyIn);
     t.BankrollStartAmount[At(p)] = buyIn;
     t.PrevBankroll[At(p)] = t.BankrollAtRollStart[At(p)] = buyIn;
+    TouchSeat(t, p);
     ++t.PlayerCount;
     if (t.Shooter == 0) {
         t.Shooter = p;

@@ -278,7 +278,23 @@ constexpr StateLists BuildLists(LineState state) {
 constexpr std::array<StateLists, 3> Lists = {BuildLists(LineState::ComeOut), BuildLists(LineState::PointMade),
                                              BuildLists(LineState::PointOn)};
 
+using StateHeads = std::array<RollHead, 36>;
+
+constexpr StateHeads HeadsOf(const StateLists& lists) {
+    StateHeads heads{};
+    for (std::size_t i = 0; i < lists.size(); ++i) {
+        heads[i] = {lists[i].Rows, (lists[i].Acts[0] | lists[i].Acts[1]) != 0};
+    }
+    return heads;
+}
+
+constexpr std::array<StateHeads, 3> Heads = {HeadsOf(Lists[0]), HeadsOf(Lists[1]), HeadsOf(Lists[2])};
+
 }  // namespace
+
+const RollHead& RollHeadFor(LineState state, int die1, int die2) {
+    return Heads[static_cast<std::size_t>(state)][static_cast<std::size_t>(6 * (die1 - 1) + die2 - 1)];
+}
 
 const RollList& RollListFor(LineState state, int die1, int die2) {
     return Lists[static_cast<std::size_t>(state)][static_cast<std::size_t>(6 * (die1 - 1) + die2 - 1)];

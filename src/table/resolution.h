@@ -54,8 +54,15 @@ struct RollList {
     int FireWinStep = -1;                                 ///< the second step of the Fire row
 };
 
+/// What tells at a glance that a roll has nothing to do: most rolls don't read their list.
+struct RollHead {
+    std::array<std::uint64_t, 2> Rows{};
+    bool HasActs = false;
+};
+
 /// The list of a roll of die1, die2 (1..6 each) in `state`. PointMade must not be asked for a total that is no point.
 const RollList& RollListFor(LineState state, int die1, int die2);
+const RollHead& RollHeadFor(LineState state, int die1, int die2);
 
 constexpr LineState LineStateOf(int prevPoint, int diceTotal) {
     return prevPoint == 0 ? LineState::ComeOut : prevPoint == diceTotal ? LineState::PointMade : LineState::PointOn;

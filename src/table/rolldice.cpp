@@ -142,6 +142,13 @@ bool SourceReady(Table& t, DiceSource& source, bool& fileEnded) {
 
 // --- snapshot ---
 
+void UpdateRails(Table& t) {
+    for (unsigned seats = t.SeatsChangedSinceRoll; seats != 0; seats &= seats - 1) {
+        const std::size_t p = At(std::countr_zero(seats));
+        t.RailAmount[p] = t.Bankroll[p] - t.BetsOnTable[p];
+    }
+}
+
 void SnapshotRows(Table& t, int p) {
     RowMask& changed = t.ChangedSinceRoll[At(p)];
     for (int word = 0; word < 4; ++word) {
@@ -157,20 +164,25 @@ void SnapshotRows(Table& t, int p) {
     changed = {};
 }
 
-/// What stands now is established. Only rows that were touched since the last roll can differ.
+/// What stands now is established. Only what was touched since the last roll can differ.
 void Snapshot(Table& t) {
     for (unsigned seats = t.SeatsChangedSinceRoll; seats != 0; seats &= seats - 1) {
-        SnapshotRows(t, std::countr_zero(seats));
+        const int p = std::countr_zero(seats);
+        SnapshotRows(t, p);
+        t.BankrollAtRollStart[At(p)] = t.Bankroll[At(p)];
     }
     t.SeatsChangedSinceRoll = 0;
-    for (int p = 1; p < Positions; ++p) t.BankrollAtRollStart[At(p)] = t.Bankroll[At(p)];
     t.PrevPrevPoint = t.PrevPoint;
     t.PrevPoint = t.Point;
 }
 
-void RememberAmountsAfterRoll(Table& t) {
+/// What stands when the roll has ended. Returns a position whose bankroll is beyond the limit, or 0.
+int RememberAfterRoll(Table& t) {
+    int beyond = 0;
     for (unsigned seats = t.SeatsChangedSinceEnd; seats != 0; seats &= seats - 1) {
         const int p = std::countr_zero(seats);
+        t.PrevBankroll[At(p)] = t.Bankroll[At(p)];
+        if (beyond == 0 && Abs(t.Bankroll[At(p)]) > BankrollLimit) beyond = p;
         RowMask& changed = t.ChangedSinceEnd[At(p)];
         for (int word = 0; word < 4; ++word) {
             for (std::uint64_t bits = changed[At(word)]; bits != 0; bits &= bits - 1) {
@@ -181,6 +193,7 @@ void RememberAmountsAfterRoll(Table& t) {
         changed = {};
     }
     t.SeatsChangedSinceEnd = 0;
+    return beyond;
 }
 
 // --- the dice ---
@@ -342,7 +355,10 @@ void SetStep(std::array<std::uint64_t, 2>& due, int step) { due[At(step / 64)] |
 
 /// Runs the steps of this roll whose rows have a bet, in their order.
 void ResolveBets(Table& t) {
-    const RollList& list = RollListFor(LineStateOf(t.PrevPoint, t.DiceTotal), t.Die1, t.Die2);
+    const LineState state = LineStateOf(t.PrevPoint, t.DiceTotal);
+    const RollHead& head = RollHeadFor(state, t.Die1, t.Die2);
+    if (!head.HasActs && ((t.RowsUp[0] & head.Rows[0]) | (t.RowsUp[1] & head.Rows[1])) == 0) return;
+    const RollList& list = RollListFor(state, t.Die1, t.Die2);
     std::array<std::uint64_t, 2> due = list.Acts;
     for (int word = 0; word < 2; ++word) {
         for (std::uint64_t rows = t.RowsUp[At(word)] & list.Rows[At(word)]; rows != 0; rows &= rows - 1) {
@@ -359,7 +375,7 @@ void ResolveBets(Table& t) {
 
 /// The specials that a run of numbers decides. Whether marks are wiped is seen before the bets that need them settle.
 void ResolveMarks(Table& t) {
-    if (!t.UseSpecialPropBets) return;
+    if (!t.UseSpecialPropBets || (t.MarkedNumbers | t.FourRollsCount) == 0) return;
     if ((t.MarkedNumbers & AllMarks) == AllMarks) {
         t.MarkedNumbers = 0;
         for (const int row : {Row::AllSmall, Row::AllTall, Row::MakeAll}) SettleRow(t, 1, row);
@@ -402,10 +418,8 @@ void FollowPoint(Table& t) {
 
 void RunScripts(Table& t) {
     if (t.EventsLogOn) RememberWorkingForLog(t);
-    if (t.Scripts != nullptr) t.Scripts->RunAll(t);
-    if (t.EventsLogOn) RememberForLog(t);
-    for (int p = 1; p < Positions; ++p) t.PrevBankroll[At(p)] = t.Bankroll[At(p)];
-    RememberAmountsAfterRoll(t);
+    if (t.Scripts == nullptr) return;
+    t.Scripts->RunAll(t);
     t.PrevScriptOn = t.ScriptOn;
 }
 
@@ -418,7 +432,7 @@ bool RollOnce(Table& t, bool& fileEnded) {
     }
     DiceSource source{};
     if (!SourceReady(t, source, fileEnded)) return false;
-    for (int p = 1; p < Positions; ++p) t.RailAmount[At(p)] = t.Bankroll[At(p)] - t.BetsOnTable[At(p)];
+    UpdateRails(t);
     if (t.EventsLogOn) LogChangesSinceRoll(t);
     Snapshot(t);
     ThrowDice(t, source);
@@ -439,12 +453,10 @@ bool RollOnce(Table& t, bool& fileEnded) {
     }
     AddGraphPoint(t);
     RunScripts(t);
+    const int beyond = RememberAfterRoll(t);
     if (t.Front != nullptr && !t.HyperDriveActive) t.Front->RefreshOpenWindows();
-    if (const int p = BankrollBeyondLimit(t); p != 0) {
-        BankrollLimitStop(t, p);
-        return false;
-    }
-    return true;
+    if (beyond != 0) BankrollLimitStop(t, beyond);
+    return beyond == 0;
 }
 
 // --- between two rolls ---

@@ -94,6 +94,10 @@ struct Screen {
     /// A run began or ended (`hyperDrive` tells which kind).
     virtual void RunStateChanged(bool /*running*/, bool /*hyperDrive*/) {}
     virtual void PlaySound(SoundKind /*kind*/, int /*number*/) {}
+    /// Scripts begin to run outside Hyper-Drive: "Auto-Betting" or "Hot-Key".
+    virtual void ShowStatus(std::string_view /*text*/) {}
+    /// Plays a sound file that a script names, without waiting for its end.
+    virtual void PlaySoundFile(const std::string& /*path*/) {}
     /// A line was given to the Events Log.
     virtual void EventLogged(std::string_view /*line*/) {}
     /// Position `p` (occupied) ends a session that had rolls, by a new session or by leaving; all figures still stand.

@@ -100,6 +100,7 @@ void RememberStart(Table& t) {
         }
         t.PrevBankroll[At(p)] = t.BankrollAtRollStart[At(p)] = t.Bankroll[At(p)];
         t.PrevScriptOn[At(p)] = t.ScriptOn[At(p)];
+        TouchSeat(t, p);
     }
     t.PrevBetWorking = AllBetWorking(t);
 }

@@ -99,7 +99,7 @@ const PayoffEntry& WinningPayoff(const Table& t, int row, int outcome) {
 currency SplitResult(currency amount, int parts, const PayoffEntry& payoff) {
     const int128 pays = payoff.Pays.TenThousandths, per = payoff.For.TenThousandths;
     const int128 net = amount.TenThousandths * (pays - (parts - 1) * per);
-    return {Saturate(HalfEvenDivide(net, parts * per))};
+    return {Saturate(HalfEvenDivide<int128>(net, parts * per))};
 }
 
 currency VigOnResult(const Table& t, int p, int row, currency gross) {

@@ -26,12 +26,12 @@ TEST(LaboratoryTranscripts, GoldenFilesComeOutAsTheyStand) {
         SCOPED_TRACE(entry.path().string());
         const Transcript transcript = ReadTranscript(ReadWholeFile(entry.path()));
         std::vector<std::vector<std::string>> outputs;
-        for (const Step& step : transcript.Steps) outputs.push_back(RunInShell(step.Command));
+        for (const Step& step : transcript) outputs.push_back(RunInShell(step.Command));
         if (renew != nullptr && *renew == '1') {
             std::ofstream(entry.path(), std::ios::binary) << WriteTranscript(transcript, outputs);
         } else {
-            EXPECT_FALSE(transcript.Steps.empty());
-            for (std::size_t i = 0; i < outputs.size(); ++i) ExpectStep(transcript.Steps[i], outputs[i]);
+            EXPECT_FALSE(transcript.empty());
+            for (std::size_t i = 0; i < outputs.size(); ++i) ExpectStep(transcript[i], outputs[i]);
         }
         ++files;
     }
@@ -42,7 +42,7 @@ TEST(LaboratoryTranscripts, ExamplesOfTheDocumentationHold) {
     const std::vector<Transcript> transcripts = TranscriptsOfMarkdown(ReadWholeFile("doc/laboratory.md"));
     EXPECT_FALSE(transcripts.empty());
     for (const Transcript& transcript : transcripts) {
-        for (const Step& step : transcript.Steps) ExpectStep(step, RunInShell(step.Command));
+        for (const Step& step : transcript) ExpectStep(step, RunInShell(step.Command));
     }
 }
 

@@ -31,29 +31,33 @@ std::string HereDocumentEnd(const std::string& line) {
 }  // namespace
 
 Transcript ReadTranscript(const std::string& text, int firstLine) {
-    Transcript transcript;
+    Transcript steps;
     const std::vector<std::string> lines = SplitLines(text);
-    std::string end;  // of the here-document that is being read
+    std::string prose, end;  // end: of the here-document that is being read
+    bool inProse = true;
     for (std::size_t i = 0; i < lines.size(); ++i) {
         if (!end.empty()) {
-            transcript.Steps.back().Command += lines[i] + "\n";
+            steps.back().Command += lines[i] + "\n";
             if (lines[i] == end) end.clear();
         } else if (IsCommand(lines[i])) {
-            transcript.Steps.push_back({firstLine + static_cast<int>(i), lines[i].substr(2) + "\n", {}});
+            steps.push_back({firstLine + static_cast<int>(i), prose, lines[i].substr(2) + "\n", {}});
             end = HereDocumentEnd(lines[i]);
-        } else if (transcript.Steps.empty()) {
-            transcript.Prose += lines[i] + "\n";
+            prose.clear();
+            inProse = false;
+        } else if (inProse || lines[i].rfind("## ", 0) == 0) {
+            inProse = true;
+            prose += lines[i] + "\n";
         } else {
-            transcript.Steps.back().Expected.push_back(lines[i]);
+            steps.back().Expected.push_back(lines[i]);
         }
     }
-    return transcript;
+    return steps;
 }
 
 std::string WriteTranscript(const Transcript& transcript, const std::vector<std::vector<std::string>>& outputs) {
-    std::string text = transcript.Prose;
-    for (std::size_t i = 0; i < transcript.Steps.size(); ++i) {
-        text += Prompt + transcript.Steps[i].Command + JoinLines(outputs[i]);
+    std::string text;
+    for (std::size_t i = 0; i < transcript.size(); ++i) {
+        text += transcript[i].Prose + Prompt + transcript[i].Command + JoinLines(outputs[i]);
     }
     return text;
 }

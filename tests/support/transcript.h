@@ -2,7 +2,7 @@
 //
 // A line "$ COMMAND" begins a command; a here-document goes on to its end. What follows is the expected output (both
 // streams), and "[exit N]" stands behind it when the status is not 0. In the expectation a line "..." stands for any
-// number of lines. Lines before the first command are prose.
+// number of lines. Lines before the first command, and from a line "## " to the next command, are prose.
 #pragma once
 
 #include <string>
@@ -12,14 +12,12 @@ namespace tarnwick::testsupport {
 
 struct Step {
     int Line = 0;                       ///< where the command stands, from 1
+    std::string Prose;                  ///< ahead of it
     std::string Command;                ///< with its here-document
     std::vector<std::string> Expected;  ///< lines
 };
 
-struct Transcript {
-    std::string Prose;
-    std::vector<Step> Steps;
-};
+using Transcript = std::vector<Step>;
 
 Transcript ReadTranscript(const std::string& text, int firstLine = 1);
 /// The transcript as a file, with other outputs in the place of the expected ones.
