@@ -233,8 +233,11 @@ TEST_F(HandlingTest, WhatMustComeDownDoes) {
         const currency stood = Amount(1, c.BetRow);
         ASSERT_NE(stood, currency{});
         t.WinnerHandling[1] = t.LoserHandling[1] = 2;
+        Messages();
+        t.NotifyBits = c.BetRow == Row::Fire ? 0 : 1;
         Roll(c.Die1, c.Die2);
         EXPECT_EQ(Amount(1, c.BetRow), c.Stays ? stood : currency{});
+        EXPECT_THAT(Messages(), IsEmpty()) << "nothing was asked for that the rules would refuse";
         EXPECT_EQ(t.BetsOnTable[1], BetsOnTableOf(t, 1));
     }
 }

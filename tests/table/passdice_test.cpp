@@ -137,6 +137,12 @@ TEST_F(PassDiceTest, AloneOrEmpty) {
     }
     EXPECT_THAT(Messages(),
                 ElementsAre("[Pass the Dice] Unable to pass the dice.\n\nThere are no other players at the table."));
+    // Dice that nobody has are found a shooter at the last seat of the search, too.
+    RemovePlayer(t, 6);
+    Seat(1, "Ann");
+    t.Shooter = t.HandShooter = 0;
+    PassTheDice(t, PassMode::PlayerLeft);
+    EXPECT_EQ(t.Shooter, 1);
     t.HyperDriveActive = true;
     PassTheDice(t, PassMode::Request);
     EXPECT_THAT(Messages(), IsEmpty());
