@@ -122,6 +122,15 @@ void SeedAllGenerators(Table& t) {
     }
 }
 
+/// The scripts leave the table as if their players did.
+void DropScripts(Table& t) {
+    for (int p = 1; p < Positions; ++p) {
+        if (t.Scripts != nullptr) t.Scripts->SwapPositions(t, p, 0);
+        t.ScriptOn[At(p)] = false;
+        t.ScriptName[At(p)].clear();
+    }
+}
+
 }  // namespace
 
 void SubMain(Table& t, Screen* front) {
@@ -143,6 +152,7 @@ void NewSession(Table& t, const SessionOptions& options) {
     ReportEndedSessions(t);
     const auto finalBankrolls = t.Bankroll;
     RollOverStatistics(t, options.KeepData);
+    if (!options.KeepScripts) DropScripts(t);
     ClearMarks(t);
     TakeAllBetsDown(t, options.KeepCheckStacks);
     for (int p = 1; p < Positions; ++p) {
