@@ -32,12 +32,11 @@ std::uint64_t Mixed30(std::uint64_t z) {
     return z ^ (z >> 15);
 }
 
-std::string LocalText(const char* format) {
+std::tm LocalTime() {
     const std::time_t now = std::time(nullptr);
     std::tm local{};
     localtime_r(&now, &local);
-    char buffer[32];
-    return {buffer, std::strftime(buffer, sizeof buffer, format, &local)};
+    return local;
 }
 
 }  // namespace
@@ -68,8 +67,17 @@ std::uint32_t ScriptClock::Now(const Table& t) const {
     return static_cast<std::uint32_t>(t.RngIndex == smallestSeeds ? 100 * seed : seed);
 }
 
-std::string LocalDateText() { return LocalText("%Y-%m-%d"); }
-std::string LocalTimeText() { return LocalText("%H:%M:%S"); }
+std::string LocalDateText() {
+    const std::tm now = LocalTime();
+    char buffer[32];
+    return {buffer, std::strftime(buffer, sizeof buffer, "%Y-%m-%d", &now)};
+}
+
+std::string LocalTimeText() {
+    const std::tm now = LocalTime();
+    char buffer[32];
+    return {buffer, std::strftime(buffer, sizeof buffer, "%H:%M:%S", &now)};
+}
 
 void SelectRng(Table& t, int number) {
     t.RngIndex = number - 1;
