@@ -43,6 +43,7 @@ int RunConsole(const ConsoleOptions& options) {
     SubMain(*table, &screen);
     table->Scripts = &scripts;
     scripts.View = &steps;
+    scripts.StatementLimit = options.StatementLimit;
     scripts.SetStopFlag(&InterruptFlag());
     screen.Scripts.Seed = console.Seed;
     table->AutoRollDelay = {};  // nobody watches a pipe; `set AutoRollDelay` slows it down

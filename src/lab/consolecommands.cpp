@@ -228,7 +228,7 @@ std::string DoRoll(Console& c, Arguments& a) {
         RollDice(c.T);
     }
     teller.Tell();
-    return ScriptFault(c);
+    return ScriptFault(c, goal.Played() > 0 && AnyScriptOn(c.T));
 }
 
 /// Rolls by itself until `rolls` more rolls are made or something stops it. `throttle` says which kind of run it is.
@@ -241,7 +241,7 @@ std::string RollByItself(Console& c, std::uint64_t rolls, int throttle) {
     ToggleAutoRoll(c.T);
     c.T.HyperThrottle = userThrottle;
     teller.Tell();
-    return ScriptFault(c);
+    return ScriptFault(c, goal.Played() > 0 && AnyScriptOn(c.T));
 }
 
 std::string DoRun(Console& c, Arguments& a) {

@@ -51,7 +51,7 @@ std::string RunPiece(Console& c, const std::string& text) {
     c.Steps.Fragment = &lines;
     const auto error = c.Scripts.RunFragment(c.T, lines);
     c.Steps.Fragment = nullptr;
-    if (!error) return ScriptFault(c);
+    if (!error) return ScriptFault(c, true);
     const ScriptVerdict verdict = VerdictOf(*error, lines);
     return "column " + std::to_string(verdict.FirstCol + 1) + ": " + verdict.Text;
 }
@@ -94,11 +94,17 @@ bool AnyScriptOn(const Table& t) {
 }
 
 std::string InitializeScripts(Console& c) {
-    c.Scripts.Initialize(c.T);
-    return ScriptFault(c);
+    const bool compiled = c.Scripts.Initialize(c.T);
+    return ScriptFault(c, compiled);
 }
 
-std::string ScriptFault(Console& c) { return OneLine(std::exchange(c.Scripts.LastError, {})); }
+std::string ScriptFault(Console& c, bool ran) {
+    const std::int64_t limit = c.Scripts.StatementLimit;
+    if (ran && limit > 0 && c.Scripts.StatementCount() > limit) {
+        return "the scripts ran more than " + std::to_string(limit) + " statements";
+    }
+    return OneLine(std::exchange(c.Scripts.LastError, {}));
+}
 
 std::string DoScript(Console& c, Arguments& a) {
     const int p = a.Seat();

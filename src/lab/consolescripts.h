@@ -33,8 +33,8 @@ CommandLine SplitScriptCommand(std::string_view line);
 bool AnyScriptOn(const Table& t);
 /// Runs the scripts that are on once; what went wrong, or nothing.
 std::string InitializeScripts(Console& c);
-/// Why the last run of scripts failed, told once; or nothing.
-std::string ScriptFault(Console& c);
+/// Why scripts failed in the command at hand, or nothing. `ran`: they were run in it.
+std::string ScriptFault(Console& c, bool ran);
 
 std::string DoScript(Console& c, Arguments& a);
 std::string DoActivate(Console& c, Arguments& a);

@@ -99,7 +99,8 @@ int StartConsole(const RawOptions& raw) {
     std::uint64_t seed = 0;
     const bool good = ReadAll(raw.Settings, "--set", ParseSettingOption, options.Settings) &&
                       ReadNumber(raw.Seed, "--seed", 0, AnySeed, seed) &&
-                      ReadNumber(raw.Rng, "--rng", 1, 8, options.Rng);
+                      ReadNumber(raw.Rng, "--rng", 1, 8, options.Rng) &&
+                      ReadNumber(raw.StatementLimit, "--statement-limit", 1, MostStatements, options.StatementLimit);
     if (!raw.Seed.empty()) options.Seed = seed;
     return good ? RunConsole(options) : BadUsage;
 }
@@ -116,6 +117,13 @@ void AddFormat(CLI::App& command, RawOptions& raw) {
     command.add_option("--format", raw.Format, "text or json")->check(CLI::IsMember({"text", "json"}));
 }
 
+void AddStatementLimit(CLI::App& command, RawOptions& raw) {
+    command
+        .add_option("--statement-limit", raw.StatementLimit,
+                    "Ends scripts that run more statements at one time; no limit if left out")
+        ->type_name("N");
+}
+
 void AddRun(CLI::App& command, RawOptions& raw) {
     command.add_option("game", raw.Game, "Game file to start from")->type_name("GAME.crp");
     command.add_option("--player", raw.Players, "Seats a player; repeat it for more")
@@ -129,10 +137,7 @@ void AddRun(CLI::App& command, RawOptions& raw) {
     command.add_option("--sessions", raw.Sessions, "Sessions, each from the same start")->type_name("M");
     command.add_option("--dice-file", raw.DiceFile, "Plays the rolls of a dice roll file")->type_name("F.rol");
     command.add_option("--jobs", raw.Jobs, "Threads; as many as the machine has if left out")->type_name("J");
-    command
-        .add_option("--statement-limit", raw.StatementLimit,
-                    "Ends a session whose scripts run more statements in one roll; no limit if left out")
-        ->type_name("N");
+    AddStatementLimit(command, raw);
     command.add_option("--output-folder", raw.OutputFolder, "Where files lie that scripts name; here if left out")
         ->type_name("DIR");
     AddFormat(command, raw);
@@ -167,6 +172,7 @@ int Main(int argc, char** argv) {
     CLI::App* console =
         app.add_subcommand("console", "The table as text: one command a line, from a terminal or a pipe");
     console->add_flag("--json", raw.Json, "Prints one JSON object a line");
+    AddStatementLimit(*console, raw);
     AddShared(*console, raw);
     try {
         app.parse(argc, argv);
