@@ -147,16 +147,6 @@ std::vector<std::string> Converter::Finish() {
     return std::move(Lines);
 }
 
-/// A row's text as UTF-8 without the blanks behind it. Line breaks and bytes of 0 inside count as blanks.
-std::string RowText(std::string_view field) {
-    std::string bytes(field);
-    for (char& c : bytes) {
-        if (c == '\0' || c == '\r' || c == '\n') c = ' ';
-    }
-    bytes.erase(bytes.find_last_not_of(' ') + 1);
-    return FromCodePage(bytes);
-}
-
 }  // namespace
 
 ScriptForm OldScriptForm(std::string_view bytes) {
@@ -196,7 +186,7 @@ std::vector<std::string> ConvertOldScript(std::string_view bytes) {
     for (std::size_t at = RecordLength; at < bytes.size(); at += RecordLength) {
         const Record record(bytes.substr(at));
         const std::string_view text = record.Text(RowTextAt, RowTextLength);
-        if (text[0] != '\0') converter.AddRow(record.Int16(0), RowText(text));
+        if (text[0] != '\0') converter.AddRow(record.Int16(0), FieldText(text));
     }
     return converter.Finish();
 }

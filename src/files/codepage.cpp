@@ -90,4 +90,13 @@ Encoded ToCodePage(std::string_view utf8) {
     return encoded;
 }
 
+std::string FieldText(std::string_view field) {
+    std::string bytes(field);
+    for (char& c : bytes) {
+        if (c == '\0' || c == '\r' || c == '\n') c = ' ';
+    }
+    bytes.erase(bytes.find_last_not_of(' ') + 1);
+    return FromCodePage(bytes);
+}
+
 }  // namespace tarnwick

@@ -21,4 +21,8 @@ struct Encoded {
 };
 Encoded ToCodePage(std::string_view utf8);
 
+/// UTF-8 of a text field of fixed length, without the blanks behind the text. Bytes of 0 and line breaks inside count
+/// as blanks.
+std::string FieldText(std::string_view field);
+
 }  // namespace tarnwick

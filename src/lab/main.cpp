@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "lab/console.h"
+#include "lab/convert.h"
 #include "lab/labtable.h"
 #include "lab/run.h"
 #include "table/crapcnst.h"
@@ -22,6 +23,7 @@ struct RawOptions {
     std::string Rolls = "1000", Sessions = "1", Seed, Rng, Jobs;
     std::string Format = "text";
     std::string DiceFile;
+    std::string OldScript, NewScript;
     bool Rebet = false;
     bool Json = false;
 };
@@ -125,11 +127,15 @@ int Main(int argc, char** argv) {
         app.add_subcommand("console", "The table as text: one command a line, from a terminal or a pipe");
     console->add_flag("--json", raw.Json, "Prints one JSON object a line");
     AddShared(*console, raw);
+    CLI::App* convert = app.add_subcommand("convert", "Writes a script of an earlier version as text");
+    convert->add_option("old", raw.OldScript, "The script to read, of any form")->type_name("OLD")->required();
+    convert->add_option("new", raw.NewScript, "The text file to write")->type_name("NEW")->required();
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? 0 : BadUsage;
     }
+    if (convert->parsed()) return Convert(raw.OldScript, raw.NewScript);
     return run->parsed() ? StartRun(raw) : StartConsole(raw);
 }
 
