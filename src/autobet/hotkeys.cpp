@@ -1,6 +1,7 @@
 #include "autobet/hotkeys.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <filesystem>
 #include <system_error>
 
@@ -52,8 +53,9 @@ HotKeyList HotKeysFromBytes(std::string_view bytes) {
     HotKeyList list;
     const double count = NumberAtStart(FieldText(Record(bytes).Text(FileAt, TextLength)));
     // A count beyond 32 bits is no worse than one beyond the file's end.
-    const std::size_t rows = count >= 1 ? static_cast<std::size_t>(RoundToInt32(count).value_or(INT32_MAX)) : 0;
-    for (std::size_t at = RecordLength; list.size() < rows && at + UsedLength <= bytes.size(); at += RecordLength) {
+    const std::int32_t rows = RoundToInt32(count).value_or(count > 0 ? INT32_MAX : 0);
+    for (std::size_t at = RecordLength;
+         static_cast<std::int64_t>(list.size()) < rows && at + UsedLength <= bytes.size(); at += RecordLength) {
         const Record record(bytes.substr(at));
         list.push_back({FieldText(record.Text(KeyAt, KeyLength)), FieldText(record.Text(NameAt, TextLength)),
                         FieldText(record.Text(FileAt, TextLength))});
