@@ -7,6 +7,7 @@
 #include "autobet/compilation.h"
 #include "lab/check.h"
 #include "lab/console.h"
+#include "lab/convert.h"
 #include "lab/labtable.h"
 #include "lab/run.h"
 #include "table/crapcnst.h"
@@ -27,6 +28,7 @@ struct RawOptions {
     std::vector<std::string> Files, Names;
     bool Elements = false;
     std::string After;
+    std::string OldScript, NewScript;
     bool Rebet = false;
     bool Json = false;
 };
@@ -174,12 +176,16 @@ int Main(int argc, char** argv) {
     console->add_flag("--json", raw.Json, "Prints one JSON object a line");
     AddStatementLimit(*console, raw);
     AddShared(*console, raw);
+    CLI::App* convert = app.add_subcommand("convert", "Writes a script of an earlier version as text");
+    convert->add_option("old", raw.OldScript, "The script to read, of any form")->type_name("OLD")->required();
+    convert->add_option("new", raw.NewScript, "The text file to write")->type_name("NEW")->required();
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? 0 : BadUsage;
     }
     if (check->parsed()) return StartCheck(raw);
+    if (convert->parsed()) return Convert(raw.OldScript, raw.NewScript);
     return run->parsed() ? StartRun(raw) : StartConsole(raw);
 }
 
