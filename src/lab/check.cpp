@@ -4,9 +4,9 @@
 #include <cstdio>
 
 #include "autobet/print.h"
+#include "autobet/scriptfile.h"
 #include "autobet/translate.h"
 #include "lab/scriptreports.h"
-#include "lab/scripttext.h"
 #include "lab/texttable.h"
 
 namespace tarnwick::lab {
@@ -85,15 +85,15 @@ int Check(const CheckOptions& options) {
     }
     bool unreadable = false, wrong = false;
     for (const std::string& file : options.Files) {
-        std::vector<std::string> lines;
-        const std::string fault = ReadScriptLines(file, lines);
+        ScriptText script;
+        const std::string fault = ReadScriptFile(file, script);
         if (!fault.empty()) {
             std::fflush(stdout);
             std::fprintf(stderr, "tarnwick-lab check: %s\n", fault.c_str());
             unreadable = true;
             continue;
         }
-        const Checked checked = CheckLines(options, names, lines);
+        const Checked checked = CheckLines(options, names, script.Lines);
         wrong = wrong || checked.Wrong;
         if (options.Json) {
             PrintJson(file, checked);

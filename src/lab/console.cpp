@@ -38,7 +38,8 @@ int RunConsole(const ConsoleOptions& options) {
     ConsoleScreen screen(*table, lines, printer);
     AutoBets scripts;
     StepPrinter steps(*table, scripts, printer);
-    Console console{*table, screen, printer, lines, scripts, steps, options.Seed ? *options.Seed : ClockSeed(), 1, {}};
+    Console console{*table, screen, printer, lines, scripts, steps, options.Seed ? *options.Seed : ClockSeed(),
+                    1,      {},     {}};
 
     SubMain(*table, &screen);
     table->Scripts = &scripts;

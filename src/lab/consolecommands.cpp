@@ -337,6 +337,8 @@ std::string DoNew(Console& c, Arguments& a) {
             options.File = SessionOptions::DiceFile::Continue;
         } else if (word == "rewind" && retained) {
             options.File = SessionOptions::DiceFile::Rewind;
+        } else if (word == "drop-scripts") {
+            options.KeepScripts = false;
         } else {
             return "\"" + word + "\" is no option of a new session";
         }
@@ -417,6 +419,7 @@ constexpr Command Commands[] = {
     {"init", "init", "runs the scripts once ahead of the next roll", 0, 0, DoInit},
     {"do", "do TEXT", "runs a piece of script for the bettor; colons separate statements", 1, Endless, DoFragment},
     {"hotkey", "hotkey LETTER [TEXT]", "keeps a piece of script under a letter, or runs it", 1, Endless, DoHotKey},
+    {"hotkeys", "hotkeys FILE", "takes the hot keys of a HotKeys.dta", 1, Endless, DoHotKeys},
     {"steps", "steps on|off", "prints each step of the scripts, but not in Hyper-Drive", 1, 1, DoSteps},
     {"permit", "permit P prob|others|sessions on|off", "what a player's script may do beyond its own bets", 3, 3,
      DoPermit},
@@ -425,9 +428,9 @@ constexpr Command Commands[] = {
     {"log", "log on|off", "prints the lines of the Events Log", 1, 1, DoLog},
     {"set", "set NAME VALUE", "changes a setting", 1, Endless, DoSet},
     {"new", "new [OPTION...]",
-     "another session; OPTIONs are preserve-data, preserve-checkstacks, preserve-logs, retain-dice-file "
+     "another session; OPTIONs are preserve-data, preserve-checkstacks, preserve-logs, drop-scripts, retain-dice-file "
      "continue|rewind",
-     0, 5, DoNew},
+     0, 6, DoNew},
     {"state", "state", "the table and its bets", 0, 0, DoState},
     {"stats", "stats P SCOPE", "bets and bankroll in a scope: hand, last-hand, session, last-session, all", 2, 2,
      DoStats},

@@ -1,11 +1,12 @@
 #include "lab/consolescripts.h"
 
 #include <algorithm>
+#include <filesystem>
 
 #include "autobet/print.h"
+#include "autobet/scriptfile.h"
 #include "lab/interrupt.h"
 #include "lab/scriptreports.h"
-#include "lab/scripttext.h"
 #include "lab/texttable.h"
 
 namespace tarnwick::lab {
@@ -21,7 +22,7 @@ bool ReadTypedScript(LineSource& source, std::vector<std::string>& lines) {
     std::string text, line;
     while (source.Next(line, "script> ")) {
         if (LowerCase(Trim(line)) == "end") {
-            lines = ScriptLinesOf(text);
+            lines = ScriptFromBytes(text).Lines;
             return true;
         }
         text += line + "\n";
@@ -45,15 +46,15 @@ int SeatOrAll(Arguments& a) {
     return 0;
 }
 
-std::string RunPiece(Console& c, const std::string& text) {
-    const std::vector<std::string> lines = {text};
+std::string RunPiece(Console& c, const std::vector<std::string>& lines) {
     if (!IsSeated(c.T, c.T.ActivePlayer)) return "there is no bettor to run it for";
     c.Steps.Fragment = &lines;
     const auto error = c.Scripts.RunFragment(c.T, lines);
     c.Steps.Fragment = nullptr;
     if (!error) return ScriptFault(c, true);
     const ScriptVerdict verdict = VerdictOf(*error, lines);
-    return "column " + std::to_string(verdict.FirstCol + 1) + ": " + verdict.Text;
+    const std::string line = lines.size() > 1 ? "line " + std::to_string(verdict.FirstLine) + ", " : std::string();
+    return line + "column " + std::to_string(verdict.FirstCol + 1) + ": " + verdict.Text;
 }
 
 }  // namespace
@@ -115,8 +116,10 @@ std::string DoScript(Console& c, Arguments& a) {
     if (typed && !ReadTypedScript(c.Lines, lines)) return "the script does not end: a line `end` is missing";
     if (!a.Ok()) return a.Fault;
     if (!typed) {
-        std::string fault = ReadScriptLines(path, lines);
+        ScriptText script;
+        std::string fault = ReadScriptFile(path, script);
         if (!fault.empty()) return fault;
+        lines = std::move(script.Lines);
     }
     c.Scripts.SetScript(c.T, p, std::move(lines), typed ? std::string() : path);
     return {};
@@ -151,17 +154,28 @@ std::string DoInit(Console& c, Arguments&) {
     return AnyScriptOn(c.T) ? InitializeScripts(c) : std::string("no script is active");
 }
 
-std::string DoFragment(Console& c, Arguments& a) { return RunPiece(c, a.Rest()); }
+std::string DoFragment(Console& c, Arguments& a) { return RunPiece(c, {a.Rest()}); }
 
 std::string DoHotKey(Console& c, Arguments& a) {
     const std::string letter = LowerCase(a.Text());
     if (letter.size() != 1 || letter[0] < 'a' || letter[0] > 'z') return "\"" + letter + "\" is no letter A to Z";
     if (a.More()) {
-        c.HotKeys[letter[0]] = a.Rest();
+        c.TypedKeys[letter[0]] = a.Rest();
         return {};
     }
-    const auto key = c.HotKeys.find(letter[0]);
-    return key == c.HotKeys.end() ? "there is no hot key " + letter : RunPiece(c, key->second);
+    if (const auto typed = c.TypedKeys.find(letter[0]); typed != c.TypedKeys.end()) return RunPiece(c, {typed->second});
+    const HotKey* key = FindHotKey(c.HotKeys, letter[0]);
+    if (key == nullptr) return "there is no hot key " + letter;
+    ScriptText script;
+    std::string fault = ReadScriptFile(key->File, script);
+    return fault.empty() ? RunPiece(c, script.Lines) : fault;
+}
+
+std::string DoHotKeys(Console& c, Arguments& a) {
+    const std::string path = a.Rest();
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(path, error)) return "there is no file of hot keys " + path;
+    return LoadHotKeys(path, c.HotKeys);
 }
 
 std::string DoSteps(Console& c, Arguments& a) {

@@ -42,6 +42,7 @@ std::string DoDeactivate(Console& c, Arguments& a);
 std::string DoInit(Console& c, Arguments& a);
 std::string DoFragment(Console& c, Arguments& a);
 std::string DoHotKey(Console& c, Arguments& a);
+std::string DoHotKeys(Console& c, Arguments& a);
 std::string DoSteps(Console& c, Arguments& a);
 std::string DoPermit(Console& c, Arguments& a);
 std::string DoElements(Console& c, Arguments& a);

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
+#include "autobet/scriptfile.h"
 #include "lab/interrupt.h"
 #include "lab/scriptreports.h"
-#include "lab/scripttext.h"
 #include "lab/texttable.h"
 #include "table/rundriver.h"
 
@@ -24,8 +24,10 @@ std::string ScriptPlan::Load(Table& t, const std::vector<PlayerOption>& players)
     for (const PlayerOption& player : players) {
         if (player.Script.empty()) continue;
         const auto p = static_cast<std::size_t>(player.Position);
-        std::string fault = ReadScriptLines(player.Script, Lines[p]);
+        ScriptText script;
+        std::string fault = ReadScriptFile(player.Script, script);
         if (!fault.empty()) return fault;
+        Lines[p] = std::move(script.Lines);
         bets.SetScript(t, player.Position, Lines[p], player.Script);
         Compilation c = bets.CompilationOf(t, player.Position);
         const ScriptVerdict verdict = CheckScript(c);
