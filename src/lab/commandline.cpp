@@ -108,16 +108,35 @@ Parsed<int> ParseScope(std::string_view text) {
 std::string_view ScopeName(int scope) { return ScopeNames[static_cast<std::size_t>(scope)]; }
 
 Parsed<PlayerOption> ParsePlayerOption(std::string_view text) {
+    constexpr const char* form = " is not of the form P:NAME:BUYIN or P:NAME:BUYIN:SCRIPT";
     const std::size_t first = text.find(':');
-    const std::size_t last = text.rfind(':');
-    if (first == std::string_view::npos || first == last) {
-        return Wrong<PlayerOption>(Quoted(text) + " is not of the form P:NAME:BUYIN");
-    }
+    std::size_t begin = first == std::string_view::npos ? first : text.find(':', first + 1);
+    if (begin == std::string_view::npos) return Wrong<PlayerOption>(Quoted(text) + form);
     const auto p = ParsePosition(text.substr(0, first));
     if (!p) return Wrong<PlayerOption>(p.Fault);
-    const auto buyIn = ParseMoney(text.substr(last + 1));
-    if (!buyIn) return Wrong<PlayerOption>(buyIn.Fault);
-    return {{p.Value, std::string(text.substr(first + 1, last - first - 1)), buyIn.Value}, {}};
+    std::string fault;
+    while (begin != std::string_view::npos) {
+        const std::size_t end = text.find(':', begin + 1);
+        const auto buyIn = ParseMoney(text.substr(begin + 1, end == std::string_view::npos ? end : end - begin - 1));
+        const bool hasScript = end != std::string_view::npos;
+        if (buyIn && hasScript && end + 1 == text.size()) return Wrong<PlayerOption>(Quoted(text) + form);
+        if (buyIn) {
+            return {{p.Value, std::string(text.substr(first + 1, begin - first - 1)), buyIn.Value,
+                     hasScript ? std::string(text.substr(end + 1)) : std::string()},
+                    {}};
+        }
+        if (fault.empty()) fault = buyIn.Fault;
+        begin = end;
+    }
+    return Wrong<PlayerOption>(fault);
+}
+
+Parsed<NameOption> ParseNameOption(std::string_view text) {
+    const std::size_t colon = text.find(':');
+    if (colon == std::string_view::npos) return Wrong<NameOption>(Quoted(text) + " is not of the form P:NAME");
+    const auto p = ParsePosition(text.substr(0, colon));
+    if (!p) return Wrong<NameOption>(p.Fault);
+    return {{p.Value, std::string(text.substr(colon + 1))}, {}};
 }
 
 Parsed<BetOption> ParseBetOption(std::string_view text) {

@@ -50,13 +50,21 @@ Parsed<std::uint64_t> ParseCount(std::string_view text, std::uint64_t lowest, st
 Parsed<int> ParseScope(std::string_view text);
 std::string_view ScopeName(int scope);
 
-/// --player P:NAME:BUYIN; the name may hold colons.
+/// --player P:NAME:BUYIN[:SCRIPT]. Name and script may hold colons: the first amount between two colons is the buy-in.
 struct PlayerOption {
     int Position = 0;
     std::string Name;
     currency BuyIn;
+    std::string Script;  ///< its file; empty without one
 };
 Parsed<PlayerOption> ParsePlayerOption(std::string_view text);
+
+/// --player P:NAME, where only the name matters; it may hold colons.
+struct NameOption {
+    int Position = 0;
+    std::string Name;
+};
+Parsed<NameOption> ParseNameOption(std::string_view text);
 
 /// --bet P:ROW:AMOUNT.
 struct BetOption {

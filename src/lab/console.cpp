@@ -5,6 +5,7 @@
 
 #include "dice/dice.h"
 #include "lab/consolecommands.h"
+#include "lab/consolescripts.h"
 #include "lab/interrupt.h"
 #include "lab/labtable.h"
 #include "lab/texttable.h"
@@ -16,7 +17,7 @@ namespace {
 
 /// Runs one line; false when the console ends.
 bool Execute(Console& console, const std::string& line) {
-    const CommandLine command = SplitCommand(line);
+    const CommandLine command = IsScriptCommand(line) ? SplitScriptCommand(line) : SplitCommand(line);
     if (!command.Fault.empty()) {
         console.Out.Fault(command.Fault);
         return true;
@@ -35,9 +36,17 @@ int RunConsole(const ConsoleOptions& options) {
     Printer printer(options.Json, lines);
     const auto table = std::make_unique<Table>();
     ConsoleScreen screen(*table, lines, printer);
-    Console console{*table, screen, printer, options.Seed ? *options.Seed : ClockSeed()};
+    AutoBets scripts;
+    StepPrinter steps(*table, scripts, printer);
+    Console console{*table, screen, printer, lines, scripts, steps, options.Seed ? *options.Seed : ClockSeed(),
+                    1,      {},     {}};
 
     SubMain(*table, &screen);
+    table->Scripts = &scripts;
+    scripts.View = &steps;
+    scripts.StatementLimit = options.StatementLimit;
+    scripts.SetStopFlag(&InterruptFlag());
+    screen.Scripts.Seed = console.Seed;
     table->AutoRollDelay = {};  // nobody watches a pipe; `set AutoRollDelay` slows it down
     if (options.Rng > 0) SelectRng(*table, options.Rng);
     const std::string fault = ApplySettings(*table, options.Settings);

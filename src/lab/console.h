@@ -14,6 +14,7 @@ struct ConsoleOptions {
     std::optional<std::uint64_t> Seed;  ///< without one the clock gives it
     int Rng = 0;                        ///< 1..8, or 0 for the default
     std::vector<SettingOption> Settings;
+    std::int64_t StatementLimit = 0;  ///< of one run of scripts; 0: none
 };
 
 /// Reads commands from standard input until `quit` or its end. Returns the exit status: 0, 1 when a command failed, 2

@@ -9,8 +9,11 @@
 #include "config/payoffs.h"
 #include "dice/dice.h"
 #include "dice/dicefile.h"
+#include "lab/consolearguments.h"
 #include "lab/consolereports.h"
+#include "lab/consolescripts.h"
 #include "lab/labtable.h"
+#include "lab/rollgoal.h"
 #include "lab/texttable.h"
 #include "stats/accumulators.h"
 #include "stats/eventslog.h"
@@ -27,56 +30,6 @@ namespace tarnwick::lab {
 namespace {
 
 constexpr std::size_t Endless = std::numeric_limits<std::size_t>::max();
-
-/// The arguments of one command, read from left to right. The first fault stays and makes every later read a no-op.
-class Arguments {
-  public:
-    Arguments(const Table& t, const CommandLine& command) : T(t), Line(command) {}
-
-    std::string Fault;
-
-    bool More() const { return Next < Line.Words.size(); }
-    bool Ok() const { return Fault.empty(); }
-    const std::string& Text() { return Line.Words[Next++].Text; }
-    const Word& Whole() { return Line.Words[Next++]; }
-    std::string Rest() { return Line.RestFrom(std::exchange(Next, Line.Words.size())); }
-
-    int Position(bool allowHouse = false) { return Take(ParsePosition(Text(), allowHouse)); }
-    int BetRow() { return Take(ParseRow(Text())); }
-    currency Money() { return Take(ParseMoney(Text())); }
-    int Scope() { return Take(ParseScope(Text())); }
-    std::uint64_t Count(std::uint64_t lowest, std::uint64_t highest) {
-        return Take(ParseCount(Text(), lowest, highest));
-    }
-    /// A position where somebody stands.
-    int Seat() { return Occupied(Position()); }
-    /// The position given last, else the bettor's.
-    int Bettor() {
-        if (More()) return Seat();
-        if (Ok() && !IsSeated(T, T.ActivePlayer)) Fault = "there is no bettor: seat a player or name the position";
-        return T.ActivePlayer;
-    }
-    bool OnOrOff() {
-        const std::string word = LowerCase(Text());
-        if (Ok() && word != "on" && word != "off") Fault = "\"" + word + "\" is neither on nor off";
-        return word == "on";
-    }
-
-  private:
-    template <class Value>
-    Value Take(Parsed<Value> parsed) {
-        if (Ok()) Fault = std::move(parsed.Fault);
-        return std::move(parsed.Value);
-    }
-    int Occupied(int p) {
-        if (Ok() && !IsSeated(T, p)) Fault = "nobody stands at position " + std::to_string(p);
-        return p;
-    }
-
-    const Table& T;
-    const CommandLine& Line;
-    std::size_t Next = 1;
-};
 
 using Handler = std::string (*)(Console&, Arguments&);
 
@@ -100,16 +53,20 @@ void TellBet(const Console& c, int p, int row) {
 /// What a person wants to see after rolls: the dice, and who won or lost since `before`.
 class RollTeller {
   public:
-    explicit RollTeller(const Console& c) : C(c), Rolls(SessionRolls(c.T)), Before(c.T.Bankroll) {}
+    RollTeller(const Console& c, const RollGoal& goal) : C(c), Goal(goal), Before(c.T.Bankroll) {}
 
     void Tell() const {
         const Table& t = C.T;
-        const std::int32_t rolled = SessionRolls(t) - Rolls;
+        const std::int32_t rolled = Goal.Played();
         if (C.Out.WritesJson() || rolled <= 0) return;
-        std::string line = rolled == 1 ? "Roll " + Grouped(SessionRolls(t)) : Grouped(rolled) + " rolls, the last";
+        std::string line = rolled > 1           ? Grouped(rolled) + " rolls, the last"
+                           : Goal.NewSessions() ? std::string("Last roll of the session")
+                                                : "Roll " + Grouped(SessionRolls(t));
         line += ": " + std::to_string(t.DiceTotal) + " (" + std::to_string(t.Die1) + "." + std::to_string(t.Die2) + ")";
         C.Out.PrintLine(line + (t.Point == 0 ? ", come-out next" : ", point " + std::to_string(t.Point)));
-        for (int p = 1; p < Positions; ++p) {
+        if (Goal.NewSessions())
+            C.Out.PrintLine("  scripts began a new session, now at roll " + Grouped(SessionRolls(t)));
+        for (int p = 1; p < Positions && !Goal.NewSessions(); ++p) {
             const auto i = static_cast<std::size_t>(p);
             const currency change = t.Bankroll[i] - Before[i];
             if (!IsSeated(t, p) || IsZero(change)) continue;
@@ -120,7 +77,7 @@ class RollTeller {
 
   private:
     const Console& C;
-    std::int32_t Rolls;
+    const RollGoal& Goal;
     std::array<currency, StatPositions> Before;
 };
 
@@ -258,7 +215,8 @@ std::string DoVig(Console& c, Arguments& a) {
 // --- dice ---
 
 std::string DoRoll(Console& c, Arguments& a) {
-    const RollTeller teller(c);
+    const RollGoal goal(c.T, 1);
+    const RollTeller teller(c, goal);
     c.Screen.LastStopReason.clear();
     if (a.More()) {
         const auto die1 = static_cast<int>(a.Count(1, 6));
@@ -270,33 +228,31 @@ std::string DoRoll(Console& c, Arguments& a) {
         RollDice(c.T);
     }
     teller.Tell();
-    return {};
+    return ScriptFault(c, goal.Played() > 0 && AnyScriptOn(c.T));
 }
 
 /// Rolls by itself until `rolls` more rolls are made or something stops it. `throttle` says which kind of run it is.
-void RollByItself(Console& c, std::uint64_t rolls, int throttle) {
-    const RollTeller teller(c);
+std::string RollByItself(Console& c, std::uint64_t rolls, int throttle) {
+    const RollGoal goal(c.T, static_cast<std::int32_t>(rolls));
+    const RollTeller teller(c, goal);
     const std::int32_t userThrottle = c.T.HyperThrottle;
     c.Screen.LastStopReason.clear();
     c.T.HyperThrottle = throttle;
-    c.T.RunUntilRoll = SessionRolls(c.T) + static_cast<std::int32_t>(rolls);
     ToggleAutoRoll(c.T);
-    c.T.RunUntilRoll = 0;
     c.T.HyperThrottle = userThrottle;
     teller.Tell();
+    return ScriptFault(c, goal.Played() > 0 && AnyScriptOn(c.T));
 }
 
 std::string DoRun(Console& c, Arguments& a) {
     const std::uint64_t rolls = a.Count(1, MaxSessionRolls);
     constexpr int autoRoll = 12;
-    if (a.Ok()) RollByItself(c, rolls, c.T.HyperThrottle == autoRoll ? 0 : c.T.HyperThrottle);
-    return a.Fault;
+    return a.Ok() ? RollByItself(c, rolls, c.T.HyperThrottle == autoRoll ? 0 : c.T.HyperThrottle) : a.Fault;
 }
 
 std::string DoAutoRoll(Console& c, Arguments& a) {
     const std::uint64_t rolls = a.Count(1, MaxSessionRolls);
-    if (a.Ok()) RollByItself(c, rolls, 12);
-    return a.Fault;
+    return a.Ok() ? RollByItself(c, rolls, 12) : a.Fault;
 }
 
 std::string DoDiceFile(Console& c, Arguments& a) {
@@ -318,6 +274,7 @@ std::string DoSeed(Console& c, Arguments& a) {
     if (!a.Ok()) return a.Fault;
     c.Seed = seed;
     c.SessionNumber = 1;
+    c.Screen.Scripts = {seed, 0};
     SeedEverything(c.T, seed);
     return {};
 }
@@ -380,6 +337,8 @@ std::string DoNew(Console& c, Arguments& a) {
             options.File = SessionOptions::DiceFile::Continue;
         } else if (word == "rewind" && retained) {
             options.File = SessionOptions::DiceFile::Rewind;
+        } else if (word == "drop-scripts") {
+            options.KeepScripts = false;
         } else {
             return "\"" + word + "\" is no option of a new session";
         }
@@ -389,7 +348,7 @@ std::string DoNew(Console& c, Arguments& a) {
     ++c.SessionNumber;
     // A new session seeds from the clock; here it must be repeatable, unless the user is asked for the seed.
     if (c.T.ReSeedNewSessions && !c.T.UserSeedOn) SeedEverything(c.T, SessionSeed(c.Seed, c.SessionNumber));
-    return {};
+    return AnyScriptOn(c.T) ? InitializeScripts(c) : std::string();
 }
 
 // --- reports ---
@@ -454,13 +413,24 @@ constexpr Command Commands[] = {
     {"dice-file", "dice-file F record|play|off", "writes or plays a dice roll file", 1, 2, DoDiceFile},
     {"seed", "seed N", "seeds every generator", 1, 1, DoSeed},
     {"rng", "rng K", "selects generator 1 to 8", 1, 1, DoRng},
+    {"script", "script P FILE|-", "gives a player a script: a file, or the lines up to `end`", 2, Endless, DoScript},
+    {"activate", "activate P|all", "switches scripts on", 1, 1, DoActivate},
+    {"deactivate", "deactivate P|all", "switches scripts off", 1, 1, DoDeactivate},
+    {"init", "init", "runs the scripts once ahead of the next roll", 0, 0, DoInit},
+    {"do", "do TEXT", "runs a piece of script for the bettor; colons separate statements", 1, Endless, DoFragment},
+    {"hotkey", "hotkey LETTER [TEXT]", "keeps a piece of script under a letter, or runs it", 1, Endless, DoHotKey},
+    {"hotkeys", "hotkeys FILE", "takes the hot keys of a HotKeys.dta", 1, Endless, DoHotKeys},
+    {"steps", "steps on|off", "prints each step of the scripts, but not in Hyper-Drive", 1, 1, DoSteps},
+    {"permit", "permit P prob|others|sessions on|off", "what a player's script may do beyond its own bets", 3, 3,
+     DoPermit},
+    {"elements", "elements P", "the elements that a player's script is compiled to", 1, 1, DoElements},
     {"answer", "answer VALUE", "queues the answer to the next question", 1, Endless, DoAnswer},
     {"log", "log on|off", "prints the lines of the Events Log", 1, 1, DoLog},
     {"set", "set NAME VALUE", "changes a setting", 1, Endless, DoSet},
     {"new", "new [OPTION...]",
-     "another session; OPTIONs are preserve-data, preserve-checkstacks, preserve-logs, retain-dice-file "
+     "another session; OPTIONs are preserve-data, preserve-checkstacks, preserve-logs, drop-scripts, retain-dice-file "
      "continue|rewind",
-     0, 5, DoNew},
+     0, 6, DoNew},
     {"state", "state", "the table and its bets", 0, 0, DoState},
     {"stats", "stats P SCOPE", "bets and bankroll in a scope: hand, last-hand, session, last-session, all", 2, 2,
      DoStats},

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <ctime>
 #include <thread>
 
 #include "lab/interrupt.h"
@@ -28,13 +27,6 @@ constexpr ButtonWord ButtonWords[] = {{"ok", MsgButton::Ok, MsgAnswer::Ok},
 constexpr int Inputs = MsgButton::Input | MsgButton::SecondInput | MsgButton::UserList;
 
 bool Has(const Message& message, int button) { return (message.Buttons & button) != 0; }
-
-std::tm LocalTime() {
-    const std::time_t now = std::time(nullptr);
-    std::tm local{};
-    localtime_r(&now, &local);
-    return local;
-}
 
 std::string WithoutMnemonics(std::string_view caption) {
     std::string text;
@@ -171,18 +163,14 @@ void ConsoleScreen::WaitEvents(int milliseconds) {
     }
 }
 
-std::uint32_t ConsoleScreen::Milliseconds() { return MillisecondClock(); }
-
-std::string ConsoleScreen::DateText() {
-    const std::tm now = LocalTime();
-    char buffer[32];
-    return {buffer, std::strftime(buffer, sizeof buffer, "%Y-%m-%d", &now)};
+void ConsoleScreen::SessionEnded(int) {
+    if (T.ScriptRunning) ++Scripts.EndedSessions;
 }
 
-std::string ConsoleScreen::TimeText() {
-    const std::tm now = LocalTime();
-    char buffer[32];
-    return {buffer, std::strftime(buffer, sizeof buffer, "%H:%M:%S", &now)};
-}
+std::uint32_t ConsoleScreen::Milliseconds() { return T.ScriptRunning ? Scripts.Now(T) : MillisecondClock(); }
+
+std::string ConsoleScreen::DateText() { return LocalDateText(); }
+
+std::string ConsoleScreen::TimeText() { return LocalTimeText(); }
 
 }  // namespace tarnwick::lab

@@ -8,6 +8,7 @@
 
 #include "lab/commandline.h"
 #include "lab/consoleio.h"
+#include "lab/labtable.h"
 #include "table/crapcnst.h"
 #include "table/screen.h"
 
@@ -28,10 +29,12 @@ class ConsoleScreen : public Screen {
     std::deque<Word> Answers;            ///< of `answer`, the next first
     std::optional<Answer> WhenNotAsked;  ///< taken at the next question in a pipe instead of its default answer
     std::string LastStopReason;          ///< of the last run, as it was shown
+    ScriptClock Scripts;                 ///< what scripts take for the clock
 
     Answer Show(const Message& message) override;
     int AskSettleBet(const SettleQuestion& question) override;
     void EventLogged(std::string_view line) override;
+    void SessionEnded(int p) override;
     void PumpEvents() override;
     void WaitEvents(int milliseconds) override;
     std::uint32_t Milliseconds() override;

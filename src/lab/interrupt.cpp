@@ -27,6 +27,8 @@ void CatchInterrupts() {
     sigaction(SIGTERM, &action, nullptr);
 }
 
+const std::atomic<bool>& InterruptFlag() { return Wanted; }
+
 bool Interrupted() { return Wanted.load(std::memory_order_relaxed); }
 
 void ForgetInterrupt() { Wanted.store(false, std::memory_order_relaxed); }

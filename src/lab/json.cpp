@@ -59,6 +59,15 @@ void AppendEscaped(std::string& out, char c) {
 
 }  // namespace
 
+bool IsUtf8(std::string_view text) {
+    while (!text.empty()) {
+        const std::size_t length = Utf8Length(text);
+        if (length == 0) return false;
+        text.remove_prefix(length);
+    }
+    return true;
+}
+
 std::string JsonString(std::string_view text) {
     std::string out = "\"";
     while (!text.empty()) {

@@ -11,6 +11,9 @@
 
 namespace tarnwick::lab {
 
+/// Whether `text` is well-formed UTF-8.
+bool IsUtf8(std::string_view text);
+
 /// `text` as a JSON string with its quotes. Bytes that are no UTF-8 become U+FFFD.
 std::string JsonString(std::string_view text);
 

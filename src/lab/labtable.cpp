@@ -1,11 +1,13 @@
 #include "lab/labtable.h"
 
 #include <chrono>
+#include <ctime>
 #include <filesystem>
 
 #include "config/configure.h"
 #include "dice/dice.h"
 #include "dice/dicefile.h"
+#include "stats/accumulators.h"
 
 namespace tarnwick::lab {
 
@@ -30,6 +32,13 @@ std::uint64_t Mixed30(std::uint64_t z) {
     return z ^ (z >> 15);
 }
 
+std::tm LocalTime() {
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+    localtime_r(&now, &local);
+    return local;
+}
+
 }  // namespace
 
 std::uint64_t SessionSeed(std::uint64_t seed, std::uint64_t number) {
@@ -45,6 +54,29 @@ std::uint64_t ClockSeed() {
 std::uint32_t MillisecondClock() {
     const auto now = std::chrono::steady_clock::now().time_since_epoch();
     return static_cast<std::uint32_t>(std::chrono::duration_cast<std::chrono::milliseconds>(now).count());
+}
+
+std::uint32_t ScriptClock::Now(const Table& t) const {
+    // Other bits than those of the run's own sessions, whose dice must not come again.
+    constexpr std::uint64_t otherSeeds = 0x5851F42D4C957F2Du;
+    const std::uint64_t moment =
+        SessionSeed(Seed ^ otherSeeds, EndedSessions + 2) + static_cast<std::uint64_t>(SessionRolls(t));
+    constexpr int smallestSeeds = 2;  // RngIndex of the generator that takes a hundredth of the clock
+    const auto limit = static_cast<std::uint64_t>(SeedLimit(t.RngIndex) - 1);
+    const std::uint64_t seed = 1 + moment % limit;
+    return static_cast<std::uint32_t>(t.RngIndex == smallestSeeds ? 100 * seed : seed);
+}
+
+std::string LocalDateText() {
+    const std::tm now = LocalTime();
+    char buffer[32];
+    return {buffer, std::strftime(buffer, sizeof buffer, "%Y-%m-%d", &now)};
+}
+
+std::string LocalTimeText() {
+    const std::tm now = LocalTime();
+    char buffer[32];
+    return {buffer, std::strftime(buffer, sizeof buffer, "%H:%M:%S", &now)};
 }
 
 void SelectRng(Table& t, int number) {

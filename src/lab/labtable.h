@@ -21,6 +21,20 @@ std::uint64_t ClockSeed();
 /// A millisecond counter that wraps at 32 bits.
 std::uint32_t MillisecondClock();
 
+/// What the clock shows while a script runs, so that a run is repeatable: a number that depends on the seed of the
+/// run, the sessions that scripts began before and the rolls of this one. Every roll has its own, and the selected
+/// generator takes it as a seed.
+struct ScriptClock {
+    std::uint64_t Seed = 0;
+    std::uint64_t EndedSessions = 0;
+
+    std::uint32_t Now(const Table& t) const;
+};
+
+/// Today and now in local time: "2024-12-31", "23:59:59".
+std::string LocalDateText();
+std::string LocalTimeText();
+
 /// Selects RNG #1 to #8.
 void SelectRng(Table& t, int number);
 

@@ -1,9 +1,11 @@
-// tarnwick-lab: the table without a screen. Exit statuses: 0 all went well, 1 a command of the console failed, 2 the
-// command line or what it names can't be used, 130 interrupted.
+// tarnwick-lab: the table without a screen. Exit statuses: 0 all went well, 1 a command of the console failed or a
+// script is wrong, 2 the command line or what it names can't be used, 130 interrupted.
 #include <CLI/CLI.hpp>
 #include <cstdio>
 #include <limits>
 
+#include "autobet/compilation.h"
+#include "lab/check.h"
 #include "lab/console.h"
 #include "lab/convert.h"
 #include "lab/labtable.h"
@@ -22,7 +24,10 @@ struct RawOptions {
     std::vector<std::string> Players, Bets, Settings;
     std::string Rolls = "1000", Sessions = "1", Seed, Rng, Jobs;
     std::string Format = "text";
-    std::string DiceFile;
+    std::string DiceFile, StatementLimit, OutputFolder;
+    std::vector<std::string> Files, Names;
+    bool Elements = false;
+    std::string After;
     std::string OldScript, NewScript;
     bool Rebet = false;
     bool Json = false;
@@ -53,6 +58,7 @@ bool ReadNumber(const std::string& text, const char* option, std::uint64_t lowes
     return true;
 }
 
+constexpr std::uint64_t MostStatements = 1'000'000'000'000;
 constexpr std::uint64_t AnySeed = std::numeric_limits<std::uint64_t>::max();
 
 int StartRun(const RawOptions& raw) {
@@ -66,6 +72,7 @@ int StartRun(const RawOptions& raw) {
     options.Seed = ClockSeed();
     options.Rebet = raw.Rebet;
     options.DiceFile = raw.DiceFile;
+    options.OutputFolder = raw.OutputFolder;
     options.Json = raw.Format == "json";
     const bool good = ReadAll(raw.Players, "--player", ParsePlayerOption, options.Players) &&
                       ReadAll(raw.Bets, "--bet", ParseBetOption, options.Bets) &&
@@ -74,8 +81,18 @@ int StartRun(const RawOptions& raw) {
                       ReadNumber(raw.Sessions, "--sessions", 1, 1'000'000'000, options.Sessions) &&
                       ReadNumber(raw.Seed, "--seed", 0, AnySeed, options.Seed) &&
                       ReadNumber(raw.Rng, "--rng", 1, 8, options.Rng) &&
+                      ReadNumber(raw.StatementLimit, "--statement-limit", 1, MostStatements, options.StatementLimit) &&
                       ReadNumber(raw.Jobs, "--jobs", 1, 1024, options.Jobs);
     return good ? Run(options) : BadUsage;
+}
+
+int StartCheck(const RawOptions& raw) {
+    CheckOptions options;
+    options.Files = raw.Files;
+    options.Elements = raw.Elements || !raw.After.empty();
+    if (!raw.After.empty()) options.After = raw.After;
+    options.Json = raw.Format == "json";
+    return ReadAll(raw.Names, "--player", ParseNameOption, options.Players) ? Check(options) : BadUsage;
 }
 
 int StartConsole(const RawOptions& raw) {
@@ -84,7 +101,8 @@ int StartConsole(const RawOptions& raw) {
     std::uint64_t seed = 0;
     const bool good = ReadAll(raw.Settings, "--set", ParseSettingOption, options.Settings) &&
                       ReadNumber(raw.Seed, "--seed", 0, AnySeed, seed) &&
-                      ReadNumber(raw.Rng, "--rng", 1, 8, options.Rng);
+                      ReadNumber(raw.Rng, "--rng", 1, 8, options.Rng) &&
+                      ReadNumber(raw.StatementLimit, "--statement-limit", 1, MostStatements, options.StatementLimit);
     if (!raw.Seed.empty()) options.Seed = seed;
     return good ? RunConsole(options) : BadUsage;
 }
@@ -97,10 +115,21 @@ void AddShared(CLI::App& command, RawOptions& raw) {
     command.add_option("--rng", raw.Rng, "Random number generator 1 to 8; 2 if left out")->type_name("K");
 }
 
+void AddFormat(CLI::App& command, RawOptions& raw) {
+    command.add_option("--format", raw.Format, "text or json")->check(CLI::IsMember({"text", "json"}));
+}
+
+void AddStatementLimit(CLI::App& command, RawOptions& raw) {
+    command
+        .add_option("--statement-limit", raw.StatementLimit,
+                    "Ends scripts that run more statements at one time; no limit if left out")
+        ->type_name("N");
+}
+
 void AddRun(CLI::App& command, RawOptions& raw) {
     command.add_option("game", raw.Game, "Game file to start from")->type_name("GAME.crp");
     command.add_option("--player", raw.Players, "Seats a player; repeat it for more")
-        ->type_name("P:NAME:BUYIN")
+        ->type_name("P:NAME:BUYIN[:SCRIPT.bet]")
         ->allow_extra_args(false);
     command.add_option("--bet", raw.Bets, "A bet as soon as the rules allow it; ROW is a number or a bet's name")
         ->type_name("P:ROW:AMOUNT")
@@ -110,8 +139,25 @@ void AddRun(CLI::App& command, RawOptions& raw) {
     command.add_option("--sessions", raw.Sessions, "Sessions, each from the same start")->type_name("M");
     command.add_option("--dice-file", raw.DiceFile, "Plays the rolls of a dice roll file")->type_name("F.rol");
     command.add_option("--jobs", raw.Jobs, "Threads; as many as the machine has if left out")->type_name("J");
-    command.add_option("--format", raw.Format, "text or json")->check(CLI::IsMember({"text", "json"}));
+    AddStatementLimit(command, raw);
+    command.add_option("--output-folder", raw.OutputFolder, "Where files lie that scripts name; here if left out")
+        ->type_name("DIR");
+    AddFormat(command, raw);
     AddShared(command, raw);
+}
+
+void AddCheck(CLI::App& command, RawOptions& raw) {
+    std::vector<std::string> passes;
+    for (const NamedPass& pass : CompilePasses) passes.emplace_back(pass.Name);
+    command.add_option("files", raw.Files, "Scripts")->type_name("FILE.bet")->required();
+    command.add_option("--player", raw.Names, "The name of a player that the scripts speak of; repeat it for more")
+        ->type_name("P:NAME")
+        ->allow_extra_args(false);
+    command.add_flag("--elements", raw.Elements, "Prints the elements that the scripts are compiled to");
+    command.add_option("--after", raw.After, "Prints the elements after a pass of the compiler")
+        ->type_name("PASS")
+        ->check(CLI::IsMember(passes));
+    AddFormat(command, raw);
 }
 
 }  // namespace
@@ -123,9 +169,12 @@ int Main(int argc, char** argv) {
     app.require_subcommand(1);
     CLI::App* run = app.add_subcommand("run", "Plays sessions unattended and sums them up");
     AddRun(*run, raw);
+    CLI::App* check = app.add_subcommand("check", "Tells whether scripts are properly structured");
+    AddCheck(*check, raw);
     CLI::App* console =
         app.add_subcommand("console", "The table as text: one command a line, from a terminal or a pipe");
     console->add_flag("--json", raw.Json, "Prints one JSON object a line");
+    AddStatementLimit(*console, raw);
     AddShared(*console, raw);
     CLI::App* convert = app.add_subcommand("convert", "Writes a script of an earlier version as text");
     convert->add_option("old", raw.OldScript, "The script to read, of any form")->type_name("OLD")->required();
@@ -135,6 +184,7 @@ int Main(int argc, char** argv) {
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? 0 : BadUsage;
     }
+    if (check->parsed()) return StartCheck(raw);
     if (convert->parsed()) return Convert(raw.OldScript, raw.NewScript);
     return run->parsed() ? StartRun(raw) : StartConsole(raw);
 }

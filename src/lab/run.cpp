@@ -7,6 +7,7 @@
 #include <chrono>
 #include <condition_variable>
 #include <cstdio>
+#include <filesystem>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -16,6 +17,7 @@
 #include "lab/interrupt.h"
 #include "lab/labtable.h"
 #include "lab/runscreen.h"
+#include "lab/runscripts.h"
 #include "lab/runsummary.h"
 #include "lab/texttable.h"
 #include "stats/accumulators.h"
@@ -36,11 +38,15 @@ struct Plan {
     const RunOptions& Options;
     std::unique_ptr<Table> Start = std::make_unique<Table>();
     std::vector<BetOrder> Orders;
+    ScriptPlan Scripts;
     std::atomic<std::uint64_t> NextSession{1};
     std::atomic<std::uint64_t> RollsPlayed{0};
 };
 
 std::string SeatPlayers(Table& t, const RunOptions& options) {
+    AutoBets names;  // a name that scripts take for a word of theirs is refused
+    t.Scripts = &names;
+    const std::unique_ptr<Table, void (*)(Table*)> restore(&t, [](Table* table) { table->Scripts = nullptr; });
     for (const PlayerOption& player : options.Players) {
         if (IsSeated(t, player.Position)) return "position " + std::to_string(player.Position) + " is taken twice";
         const std::string fault = AddPlayer(t, player.Position, player.Name, player.BuyIn);
@@ -70,12 +76,31 @@ std::string PlaceFirstBets(Plan& plan) {
     return {};
 }
 
+std::string PrepareScripts(Plan& plan) {
+    const RunOptions& options = plan.Options;
+    plan.Scripts.StatementLimit = options.StatementLimit;
+    std::string fault = plan.Scripts.Load(*plan.Start, options.Players);
+    if (!fault.empty()) return fault;
+    if (options.OutputFolder.empty()) {
+        const bool mixed = plan.Scripts.Write && options.Sessions > 1;
+        return mixed ? "scripts that write files need --output-folder when there are several sessions" : std::string();
+    }
+    std::error_code error;
+    std::filesystem::create_directories(options.OutputFolder, error);
+    if (!std::filesystem::is_directory(options.OutputFolder, error)) {
+        return "the folder " + options.OutputFolder + " can't be made";
+    }
+    plan.Start->GameFolder = options.OutputFolder;
+    return {};
+}
+
 std::string Prepare(Plan& plan) {
     Table& t = *plan.Start;
     SubMain(t, nullptr);
     if (plan.Options.Rng > 0) SelectRng(t, plan.Options.Rng);
     std::string fault = SeatPlayers(t, plan.Options);
     if (fault.empty()) fault = ApplySettings(t, plan.Options.Settings);
+    if (fault.empty()) fault = PrepareScripts(plan);
     if (fault.empty()) fault = PlaceFirstBets(plan);
     if (fault.empty() && !plan.Options.DiceFile.empty()) fault = PlayDiceFile(t, plan.Options.DiceFile);
     t.HyperThrottle = 0;
@@ -83,23 +108,53 @@ std::string Prepare(Plan& plan) {
     return fault;
 }
 
+/// Several sessions at once can't write the same files: each has a folder of its own.
+bool MakeSessionFolder(const Plan& plan, Table& t, std::uint64_t number) {
+    if (!plan.Scripts.Write || plan.Options.Sessions == 1) return true;
+    const auto folder = std::filesystem::path(t.GameFolder) / ("session-" + std::to_string(number));
+    std::error_code error;
+    std::filesystem::create_directories(folder, error);
+    t.GameFolder = folder.string();
+    return !error;
+}
+
+/// Plays session `number` on `t`. `bets` are the scripts of the session that `t` played before, if any.
+void PlaySession(Plan& plan, Table& t, std::unique_ptr<AutoBets>& bets, std::uint64_t number, RunSummary& summary) {
+    t = *plan.Start;
+    const std::uint64_t seed = SessionSeed(plan.Options.Seed, number);
+    SeedEverything(t, seed);
+    RunScreen screen(t, plan.RollsPlayed);
+    screen.Scripts.Seed = seed;
+    screen.EndedByScripts = &summary;
+    if (plan.Options.Sessions > 1) screen.Heading = "session " + std::to_string(number) + ": ";
+    if (plan.Scripts.Any) GiveScripts(plan.Scripts, t, bets);
+    std::optional<OrderHost> orders;
+    if (!plan.Orders.empty()) orders.emplace(t, plan.Orders);
+    std::optional<ScriptedRun> scripted;
+    bool ready = true;
+    if (plan.Scripts.Any) {
+        scripted.emplace(t, static_cast<std::int32_t>(plan.Options.Rolls), *bets, screen);
+        ready = MakeSessionFolder(plan, t, number);
+        if (!ready) screen.StopReason = "The folder " + t.GameFolder + " can't be made.";
+        ready = ready && scripted->Initialize();
+    }
+    if (ready) ToggleAutoRoll(t);
+    const bool complete = scripted ? scripted->Reached() : SessionRolls(t) >= t.RunUntilRoll;
+    // A session that a script began with the last roll has nothing to tell.
+    if (complete && SessionRolls(t) == 0 && screen.StopReason.empty()) return;
+    const std::string silent = complete ? "All rolls played." : "Stopped.";
+    summary.AddSession(t, screen.StopReason.empty() ? silent : screen.StopReason);
+}
+
 /// Plays sessions until none is left, all on one table.
 RunSummary PlaySessions(Plan& plan) {
     RunSummary summary;
     const auto table = std::make_unique<Table>();
+    std::unique_ptr<AutoBets> bets;
     while (!Interrupted()) {
         const std::uint64_t number = plan.NextSession.fetch_add(1);
         if (number > plan.Options.Sessions) break;
-        Table& t = *table;
-        t = *plan.Start;
-        SeedEverything(t, SessionSeed(plan.Options.Seed, number));
-        RunScreen screen(t, plan.RollsPlayed);
-        std::optional<OrderHost> orders;
-        if (!plan.Orders.empty()) orders.emplace(t, plan.Orders);
-        ToggleAutoRoll(t);
-        const bool complete = SessionRolls(t) >= t.RunUntilRoll;
-        const std::string silent = complete ? "All rolls played." : "Stopped.";
-        summary.AddSession(t, screen.StopReason.empty() ? silent : screen.StopReason);
+        PlaySession(plan, *table, bets, number, summary);
     }
     return summary;
 }
@@ -167,12 +222,15 @@ std::string RunCommand(const RunOptions& options) {
     if (options.Sessions > 1) add("--sessions", std::to_string(options.Sessions));
     if (!options.DiceFile.empty()) add("--dice-file", options.DiceFile);
     for (const PlayerOption& player : options.Players) {
-        add("--player", std::to_string(player.Position) + ":" + player.Name + ":" + PlainAmount(player.BuyIn));
+        const std::string script = player.Script.empty() ? std::string() : ":" + player.Script;
+        add("--player", std::to_string(player.Position) + ":" + player.Name + ":" + PlainAmount(player.BuyIn) + script);
     }
     for (const SettingOption& setting : options.Settings) add("--set", setting.Name + "=" + setting.Value);
     for (const BetOption& bet : options.Bets) {
         add("--bet", std::to_string(bet.Position) + ":" + std::to_string(bet.BetRow) + ":" + PlainAmount(bet.Amount));
     }
+    if (options.StatementLimit > 0) add("--statement-limit", std::to_string(options.StatementLimit));
+    if (!options.OutputFolder.empty()) add("--output-folder", options.OutputFolder);
     if (options.Rebet) command += " --rebet";
     if (options.Json) add("--format", "json");
     return command;

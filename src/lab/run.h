@@ -14,8 +14,10 @@ struct RunOptions {
     std::vector<BetOption> Bets;
     bool Rebet = false;
     std::vector<SettingOption> Settings;
-    std::string DiceFile;         ///< empty: the generator's dice
-    std::uint64_t Rolls = 1'000;  ///< of a session, 1..100,000,000
+    std::int64_t StatementLimit = 0;  ///< of scripts in one roll; 0: none
+    std::string OutputFolder;         ///< of files that scripts name; empty: the current one
+    std::string DiceFile;             ///< empty: the generator's dice
+    std::uint64_t Rolls = 1'000;      ///< of a session, 1..100,000,000
     std::uint64_t Sessions = 1;
     std::uint64_t Seed = 0;
     int Rng = 0;   ///< 1..8, or 0 for the default

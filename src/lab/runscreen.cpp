@@ -1,5 +1,8 @@
 #include "lab/runscreen.h"
 
+#include <cstdio>
+
+#include "lab/consolescreen.h"
 #include "lab/interrupt.h"
 #include "lab/texttable.h"
 #include "stats/accumulators.h"
@@ -18,7 +21,12 @@ RunScreen::~RunScreen() {
 }
 
 Answer RunScreen::Show(const Message& message) {
-    if (StopReason.empty()) StopReason = OneLine(message.Text);
+    const bool ofScript = T.ScriptRunning && message.Title != "Hyper-Drive Stopped";
+    if (!ofScript && StopReason.empty()) StopReason = OneLine(message.Text);
+    // A question of every roll would drown the rest.
+    if (ofScript && (IsNote(message) || !T.HyperDriveActive)) {
+        std::fprintf(stderr, "%s[%s] %s\n", Heading.c_str(), message.Title.c_str(), message.Text.c_str());
+    }
     Answer answer;
     if ((message.Buttons & MsgButton::No) != 0) answer.Result = MsgAnswer::No;
     if ((message.Buttons & MsgButton::Cancel) != 0) answer.Result = MsgAnswer::Cancel;
@@ -32,6 +40,16 @@ void RunScreen::PumpEvents() {
     if (!Interrupted() || !T.AutoRollActive) return;
     if (StopReason.empty()) StopReason = "Interrupted.";
     StopAutoRoll(T);
+}
+
+void RunScreen::SessionEnded(int p) {
+    for (int q = 1; q < p; ++q) {
+        if (IsSeated(T, q)) return;  // told already
+    }
+    CountRolls();
+    RollsSeen = 0;
+    ++Scripts.EndedSessions;
+    if (EndedByScripts != nullptr) EndedByScripts->AddSession(T, "A script began a new session.");
 }
 
 void RunScreen::CountRolls() {

@@ -7,7 +7,9 @@
 #include <utility>
 #include <vector>
 
+#include "lab/labtable.h"
 #include "lab/rollhost.h"
+#include "lab/runsummary.h"
 #include "table/screen.h"
 
 namespace tarnwick::lab {
@@ -21,8 +23,8 @@ struct BetOrder {
     bool Placed = false;  ///< at least once
 };
 
-/// The front end of a session while it lives. Keeps why the run stopped, and counts its rolls into those of all
-/// sessions.
+/// The front end of a session while it lives. Keeps why the run stopped, counts its rolls into those of all sessions,
+/// and prints on standard error what scripts say.
 class RunScreen : public Screen {
   public:
     RunScreen(Table& t, std::atomic<std::uint64_t>& rollsPlayed);
@@ -30,13 +32,19 @@ class RunScreen : public Screen {
     RunScreen(const RunScreen&) = delete;
     RunScreen& operator=(const RunScreen&) = delete;
 
-    std::string StopReason;  ///< the text of the first message
+    std::string StopReason;                ///< the text of the first message that is no script's
+    std::string Heading;                   ///< ahead of what scripts say
+    ScriptClock Scripts;                   ///< what scripts take for the clock
+    RunSummary* EndedByScripts = nullptr;  ///< takes in the sessions that scripts end
 
     Answer Show(const Message& message) override;
     int AskSettleBet(const SettleQuestion& question) override;
+    void SessionEnded(int p) override;
     void PumpEvents() override;
     void WaitEvents(int milliseconds) override { Clock += static_cast<std::uint32_t>(milliseconds); }
-    std::uint32_t Milliseconds() override { return Clock; }
+    std::uint32_t Milliseconds() override { return T.ScriptRunning ? Scripts.Now(T) : Clock; }
+    std::string DateText() override { return LocalDateText(); }
+    std::string TimeText() override { return LocalTimeText(); }
 
   private:
     void CountRolls();

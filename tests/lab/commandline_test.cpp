@@ -92,7 +92,18 @@ TEST(CommandLineTest, OptionsOfTheRun) {
     EXPECT_EQ(setting.Value.Name, "Payoff[31]");
     EXPECT_EQ(setting.Value.Value, "9 to 5");
 
-    for (const char* wrong : {"", "1", "1:Ann", "9:Ann:100", "1:Ann:much", "x:Ann:5"}) {
+    EXPECT_EQ(player.Value.Script, "");
+    const auto scripted = ParsePlayerOption("3:Ann: x:100:c:/a:5.bet");
+    EXPECT_EQ(scripted.Value.Name, "Ann: x");
+    EXPECT_EQ(scripted.Value.BuyIn, Dollars(100));
+    EXPECT_EQ(scripted.Value.Script, "c:/a:5.bet");
+    const auto named = ParseNameOption("8:Agent: 7");
+    EXPECT_EQ(named.Value.Position, 8);
+    EXPECT_EQ(named.Value.Name, "Agent: 7");
+    for (const char* wrong : {"", "Ann", "0:Ann", "9:Ann"}) EXPECT_FALSE(ParseNameOption(wrong)) << wrong;
+
+    for (const char* wrong :
+         {"", "1", "1:Ann", "9:Ann:100", "1:Ann:much", "x:Ann:5", "1:Ann:100:", "1:Ann:much:x.bet"}) {
         EXPECT_FALSE(ParsePlayerOption(wrong)) << wrong;
     }
     for (const char* wrong : {"1:43", "1:0:5", "1:Nowhere:5", "1:43:-5", "1:43:0", "0:43:5"}) {
