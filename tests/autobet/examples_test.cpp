@@ -80,7 +80,7 @@ std::string Money(currency amount) { return FormatCommas(amount); }
 
 std::string PlayerText(const Table& t, int p) {
     constexpr int wagers = 0, wins = 1, losses = 2, count = 1, sum = 2;
-    const int pos = p + Positions * Scope::AllSessions;
+    const int pos = p + Positions * Scope::All;
     const auto stat = [&](int kind, int n) { return SumBetStats(t, kind, pos, 1, Row::LastBet, n); };
     const auto number = [&](int kind) { return Money(stat(kind, count)); };
     std::ostringstream out;
@@ -150,13 +150,12 @@ std::string Play(const System& system, const fs::path& output) {
     ToggleAutoRoll(t);
 
     std::ostringstream out;
-    const int scope = Positions * Scope::AllSessions;
+    const int scope = Positions * Scope::All;
     out << "rolls     " << host.Rolls << "\n";
     out << "hands     " << HandCount(t, scope) << "\n";
     out << "sessions  " << screen.Ended + 1 << "\n\n";
     for (int p = 1; p <= players; ++p) out << PlayerText(t, p) << "\n";
     out << TextOfMessages(screen.Shown);
-    table.Scripts.RunFragment(t, {});  // what is still pending goes to the files
     out << TextOfFolder(output);
     return out.str();
 }
