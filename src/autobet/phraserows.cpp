@@ -5,7 +5,7 @@
 
 namespace tarnwick {
 
-PairMask::PairMask(std::string_view text) {
+LetterPairs::LetterPairs(std::string_view text) {
     for (std::size_t i = 1; i < text.size(); ++i) {
         const unsigned hash = static_cast<unsigned char>(text[i - 1]) * 37u + static_cast<unsigned char>(text[i]) * 11u;
         std::uint64_t& word = (hash & 64u) != 0 ? High : Low;
@@ -46,7 +46,7 @@ std::vector<PhraseRow> MakeAll() {
     constexpr std::size_t ahead = 155;  // listed rows ahead of those of the CheckStacks
     std::vector<PhraseRow> rows;
     rows.reserve(ListedPhrases + GeneratedPhrases);
-    const auto add = [&rows](const Phrase& p) { rows.push_back({p, PairMask(p.Key)}); };
+    const auto add = [&rows](const Phrase& p) { rows.push_back({p, LetterPairs(p.Key)}); };
     for (std::size_t i = 0; i < ahead; ++i) add(PhraseList[i]);
     for (const TextPair& row : stacks) add({row.Key, row.Value});
     for (std::size_t i = ahead; i < ListedPhrases; ++i) add(PhraseList[i]);

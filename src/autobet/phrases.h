@@ -22,16 +22,16 @@ extern const std::array<Phrase, ListedPhrases> PhraseList;
 
 /// Pairs of neighbouring characters that a text holds, hashed to 128 bits. A text can hold a key only if it has all
 /// bits of the key's.
-struct PairMask {
+struct LetterPairs {
     std::uint64_t Low = 0, High = 0;
 
-    explicit PairMask(std::string_view text);
-    bool Holds(const PairMask& part) const { return (part.Low & ~Low) == 0 && (part.High & ~High) == 0; }
+    explicit LetterPairs(std::string_view text);
+    bool Holds(const LetterPairs& part) const { return (part.Low & ~Low) == 0 && (part.High & ~High) == 0; }
 };
 
 struct PhraseRow {
     Phrase Row;
-    PairMask Pairs;
+    LetterPairs Pairs;
 };
 
 /// All 929 fixed rows in their order: the listed rows 1..155, the rows made for the hundred CheckStacks, the listed

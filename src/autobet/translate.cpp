@@ -55,12 +55,12 @@ std::string PlayerCode(int position) { return " P" + std::to_string(position) + 
 
 std::string ReplacePhrases(std::string_view line, const std::array<std::string, 9>& playerNames) {
     std::string text(line);
-    PairMask pairs(text);
+    LetterPairs pairs(text);
     for (const PhraseRow& row : AllPhrases()) {
         // Keys of one character have no pairs and are always searched.
         if (!pairs.Holds(row.Pairs) || !ReplaceAll(text, row.Row.Key, row.Row.Value)) continue;
         CollapseBlanks(text);
-        pairs = PairMask(text);
+        pairs = LetterPairs(text);
     }
     for (int p = 1; p <= 8; ++p) {
         const std::string& name = playerNames[static_cast<std::size_t>(p)];
