@@ -276,7 +276,7 @@ std::vector<std::vector<std::string>> OutcomesOf(const KeptSteps& steps) {
 
 TEST(LoweredScripts, AgreeWithTheLiteralEvaluation) {
     int compiled = 0, faulted = 0, statements = 0;
-    constexpr int scripts = 1500;
+    constexpr int scripts = 500;
     for (std::uint32_t seed = 1; seed <= scripts; ++seed) {
         ScriptWriter writer(seed);
         const std::string source = writer.Script();
@@ -320,8 +320,8 @@ TEST(LoweredScripts, AgreeWithTheLiteralEvaluation) {
     }
     // A generator that wrote nothing that compiles would agree with everything.
     EXPECT_GT(compiled, scripts / 2);
-    EXPECT_GT(statements, 5000);
-    EXPECT_GT(faulted, 0);
+    EXPECT_GT(statements, 3000);
+    EXPECT_GT(faulted, 5);
     EXPECT_LT(faulted, compiled / 4);
 }
 
