@@ -344,10 +344,16 @@ std::string DoNew(Console& c, Arguments& a) {
         }
     }
     c.Screen.LastStopReason.clear();
+    // A new session seeds from the clock; here it must be repeatable, unless the user is asked for the seed.
+    const bool seeds = c.T.ReSeedNewSessions && !c.T.UserSeedOn;
+    if (seeds) c.T.ReSeedNewSessions = false;
     NewSession(c.T, options);
     ++c.SessionNumber;
-    // A new session seeds from the clock; here it must be repeatable, unless the user is asked for the seed.
-    if (c.T.ReSeedNewSessions && !c.T.UserSeedOn) SeedEverything(c.T, SessionSeed(c.Seed, c.SessionNumber));
+    if (seeds) {
+        c.T.ReSeedNewSessions = true;
+        SeedEverything(c.T, SessionSeed(c.Seed, c.SessionNumber));
+        LogSeeded(c.T, c.T.LastSeed);
+    }
     return AnyScriptOn(c.T) ? InitializeScripts(c) : std::string();
 }
 
