@@ -77,7 +77,7 @@ If CS5 < CS7 Then
   CS7 = CS5
 EndIf
 CS8 = (CS6 + CS7) / 2
-If Any(Dice total = 4, Dice total = 10) Then
+If Dice total = Any(4, 10) Then
   Add 1 to CS9
 EndIf
 If Die1 = Die2 Then
