@@ -156,26 +156,25 @@ ScriptForm OldScriptForm(std::string_view bytes) {
     return ScriptForm::Text;
 }
 
-void ReplaceOldPhrase(std::string& line, const OldPhrase& phrase) {
-    // Both keep their length in lower case.
-    const std::string search = LowerText(phrase.Search);
-    std::string lower = LowerText(line);
-    std::size_t from = 0;
-    std::size_t at = lower.find(search);
+void ReplaceOldPhrase(std::string& line, std::string& lower, const OldPhrase& phrase) {
+    std::size_t at = lower.find(phrase.Search);
     if (at == std::string::npos) return;
     std::string replaced;
-    for (; at != std::string::npos; at = lower.find(search, from)) {
+    std::size_t from = 0;
+    for (; at != std::string::npos; at = lower.find(phrase.Search, from)) {
         replaced.append(line, from, at - from);
         replaced += phrase.Replacement;
-        from = at + search.size();
+        from = at + phrase.Search.size();
     }
     line = replaced.append(line, from);
+    lower = LowerText(line);
 }
 
 std::string RewriteOldRow(std::string_view text) {
     const std::size_t end = text.find_last_not_of(' ');
     std::string line = " " + std::string(text.substr(0, end + 1));
-    for (const OldPhrase& phrase : OldPhrases) ReplaceOldPhrase(line, phrase);
+    std::string lower = LowerText(line);
+    for (const OldPhrase& phrase : OldPhrases) ReplaceOldPhrase(line, lower, phrase);
     CloseReferences(line);
     TurnAround(line);
     return line;

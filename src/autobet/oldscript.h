@@ -14,7 +14,7 @@ namespace tarnwick {
 /// "w**n" in a replacement hide a word from the rows that follow, until late rows turn it back.
 struct OldPhrase {
     int Number;               ///< from 1
-    std::string_view Search;  ///< found in capitals and small letters alike
+    std::string_view Search;  ///< in small letters; found in capitals too
     std::string_view Replacement;
 };
 extern const std::array<OldPhrase, 394> OldPhrases;
@@ -29,7 +29,8 @@ std::vector<std::string> ConvertOldScript(std::string_view bytes);
 /// One row's text, without blanks behind, in today's words, with one blank ahead.
 std::string RewriteOldRow(std::string_view text);
 
-/// `phrase` applied to a line: every occurrence is replaced, and the search goes on behind the replacement.
-void ReplaceOldPhrase(std::string& line, const OldPhrase& phrase);
+/// `phrase` applied to a line: every occurrence is replaced, and the search goes on behind the replacement. `lower` is
+/// the line in small letters, before and after.
+void ReplaceOldPhrase(std::string& line, std::string& lower, const OldPhrase& phrase);
 
 }  // namespace tarnwick
