@@ -2,13 +2,11 @@
 
 #include "stats/accumulators.h"
 #include "table/format.h"
+#include "table/marks.h"
 
 namespace tarnwick {
 
 namespace {
-
-constexpr int SmallMarks = 124;  // 2 to 6
-constexpr int TallMarks = 7936;  // 8 to 12
 
 std::string OptionNote(std::string_view option) {
     return "\n\n(Unless you check \"" + std::string(option) + "\" on the\nConfiguration screen.)";
@@ -30,9 +28,7 @@ std::string FlatNeeded(int row) {
     return "You may not make a " + std::string(BetName(row)) + " bet until you've established a " + flat + " bet.";
 }
 
-int MarksOf(int row) {
-    return row == Row::AllSmall ? SmallMarks : row == Row::AllTall ? TallMarks : SmallMarks | TallMarks;
-}
+int MarksOf(int row) { return row == Row::AllSmall ? SmallMarks : row == Row::AllTall ? TallMarks : AllMarks; }
 
 std::string SpecialRefusal(int row, std::string_view because) {
     const std::string_view name = BetName(row);

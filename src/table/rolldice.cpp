@@ -16,6 +16,7 @@
 #include "stats/eventslog.h"
 #include "table/bankroll.h"
 #include "table/format.h"
+#include "table/marks.h"
 #include "table/messages.h"
 #include "table/placement.h"
 #include "table/players.h"
@@ -29,8 +30,6 @@ namespace tarnwick {
 namespace {
 
 std::size_t At(int i) { return static_cast<std::size_t>(i); }
-
-constexpr int SmallMarks = 124, TallMarks = 7936, AllMarks = SmallMarks | TallMarks;
 
 // Sounds of the stick person beside the numbers 2..12.
 constexpr int PassSound = 13, MissSound = 14, BarSound = 15, HardSound = 16, ComeOutSound = 17, NewHandSound = 18;

@@ -4,6 +4,7 @@
 #include "stats/accumulators.h"
 #include "stats/eventslog.h"
 #include "table/handling.h"
+#include "table/marks.h"
 #include "table/placement.h"
 
 namespace tarnwick {
@@ -11,9 +12,6 @@ namespace tarnwick {
 namespace {
 
 std::size_t At(int i) { return static_cast<std::size_t>(i); }
-
-constexpr int SmallMarks = 124;
-constexpr int TallMarks = 7936;
 
 /// FieldPayoff's entry 1..21 of the dice.
 int FieldIndex(int die1, int die2) {
