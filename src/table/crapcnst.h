@@ -36,6 +36,8 @@ struct ScriptHost {
     virtual std::string NameRefusal(const Table& t, const std::string& name, int exceptPosition) = 0;
     /// Positions p and q change places; q 0: the script of p leaves with its player.
     virtual void SwapPositions(Table& t, int p, int q) = 0;
+    /// A player has another name than when the scripts were compiled.
+    virtual void NameChanged(Table& t) = 0;
 };
 
 constexpr currency BankrollLimit = Dollars(9'999'999);
