@@ -8,6 +8,7 @@
 #include "lab/check.h"
 #include "lab/console.h"
 #include "lab/convert.h"
+#include "lab/dicecommands.h"
 #include "lab/labtable.h"
 #include "lab/run.h"
 #include "table/crapcnst.h"
@@ -179,12 +180,15 @@ int Main(int argc, char** argv) {
     CLI::App* convert = app.add_subcommand("convert", "Writes a script of an earlier version as text");
     convert->add_option("old", raw.OldScript, "The script to read, of any form")->type_name("OLD")->required();
     convert->add_option("new", raw.NewScript, "The text file to write")->type_name("NEW")->required();
+    DiceCommands dice;
+    dice.AddTo(app);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? 0 : BadUsage;
     }
     if (check->parsed()) return StartCheck(raw);
+    if (const auto status = dice.Run()) return *status;
     if (convert->parsed()) return Convert(raw.OldScript, raw.NewScript);
     return run->parsed() ? StartRun(raw) : StartConsole(raw);
 }
