@@ -281,6 +281,21 @@ TEST_F(Advantages, ChancesAreThoseOfTheDraw) {
     EXPECT_DOUBLE_EQ(ChancesInForce(T).Of(1, 1), 1.0 / 36) << "fair dice, as they are thrown then";
 }
 
+TEST_F(Advantages, EveryDrawCountsOnce) {
+    std::vector<std::pair<std::pair<int, int>, int>> uneven;
+    for (int die1 = 1; die1 <= 6; ++die1)
+        for (int die2 = 1; die2 <= 6; ++die2) uneven.push_back({{die1, die2}, 1500 * die1 - 300 * die2 * die2});
+    uneven.push_back({{6, 2}, 30'000});
+    Skew(uneven);  // some are below 0, and the last cells lie beyond the whole
+    std::array<int, 36> drawn{};
+    for (std::int32_t d = 1; d <= WholeChance; ++d) {
+        LookupDice(T, d);
+        ++drawn[static_cast<std::size_t>(6 * (T.Die1 - 1) + T.Die2 - 1)];
+    }
+    const DiceChances chances = ChancesInForce(T);
+    for (std::size_t i = 0; i < 36; ++i) EXPECT_DOUBLE_EQ(chances.Results[i], drawn[i] / 100'000.0) << i;
+}
+
 TEST_F(Advantages, FiguresAreRoundedAtTheEnd) {
     const Advantage pass = FigureAdvantage(T, Row::PassLine);
     EXPECT_EQ(pass.EvDec, -0.014141);
