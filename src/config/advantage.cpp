@@ -1,5 +1,6 @@
 #include "config/advantage.h"
 
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <string>
@@ -119,34 +120,59 @@ Advantage FigureAdvantage(const Table& t, int row) { return FigureAdvantage(t, C
 
 // --- the cache ---
 
-bool AdvantageCache::Stands(const Table& t, bool skewed) const {
-    return !Empty && Known.Skewed == skewed && Known.BarDont == t.BarDont && Known.LayVigRate == t.LayVigRate &&
-           Known.BuyVigRate == t.BuyVigRate && Known.LayVigOnAllBets == t.LayVigOnAllBets &&
-           Known.BuyVigOnAllBets == t.BuyVigOnAllBets && Known.CountZeroOutcomes == t.CountZeroOutcomes &&
-           Known.Payoff == t.Payoff && Known.FieldPayoff == t.FieldPayoff &&
-           Known.SevenPointSevenPayoff == t.SevenPointSevenPayoff && Known.MidwayPayoff == t.MidwayPayoff &&
-           Known.FirePayoff == t.FirePayoff && (!skewed || Known.Matrix == t.ProbabilityMatrix);
-}
+/// Figures under the rules and dice that they depend on.
+struct AdvantageCache::Kept {
+    decltype(Settings::Payoff) Payoff;
+    decltype(Settings::FieldPayoff) FieldPayoff;
+    decltype(Settings::SevenPointSevenPayoff) SevenPointSevenPayoff;
+    decltype(Settings::MidwayPayoff) MidwayPayoff;
+    decltype(Settings::FirePayoff) FirePayoff;
+    std::int32_t BarDont;
+    currency LayVigRate, BuyVigRate;
+    bool LayVigOnAllBets, BuyVigOnAllBets, CountZeroOutcomes;
+    bool Skewed;
+    MatrixCells Matrix;
+    DiceChances Dice;
+    std::array<Advantage, Row::LastBet + 1> Figures{};
+    std::array<bool, Row::LastBet + 1> Figured{};
 
-void AdvantageCache::Renew(const Table& t, bool skewed) {
-    Known = {
-        t.Payoff,           t.FieldPayoff, t.SevenPointSevenPayoff, t.MidwayPayoff,    t.FirePayoff,        t.BarDont,
-        t.LayVigRate,       t.BuyVigRate,  t.LayVigOnAllBets,       t.BuyVigOnAllBets, t.CountZeroOutcomes, skewed,
-        t.ProbabilityMatrix};
-    Empty = false;
-    Dice = skewed ? MatrixChances(t.ProbabilityMatrix) : TrueChances();
-    Figured = {};
-}
+    Kept(const Table& t, bool skewed)
+        : Payoff(t.Payoff),
+          FieldPayoff(t.FieldPayoff),
+          SevenPointSevenPayoff(t.SevenPointSevenPayoff),
+          MidwayPayoff(t.MidwayPayoff),
+          FirePayoff(t.FirePayoff),
+          BarDont(t.BarDont),
+          LayVigRate(t.LayVigRate),
+          BuyVigRate(t.BuyVigRate),
+          LayVigOnAllBets(t.LayVigOnAllBets),
+          BuyVigOnAllBets(t.BuyVigOnAllBets),
+          CountZeroOutcomes(t.CountZeroOutcomes),
+          Skewed(skewed),
+          Matrix(t.ProbabilityMatrix),
+          Dice(skewed ? MatrixChances(t.ProbabilityMatrix) : TrueChances()) {}
+
+    bool Holds(const Table& t, bool skewed) const {
+        return Skewed == skewed && BarDont == t.BarDont && LayVigRate == t.LayVigRate && BuyVigRate == t.BuyVigRate &&
+               LayVigOnAllBets == t.LayVigOnAllBets && BuyVigOnAllBets == t.BuyVigOnAllBets &&
+               CountZeroOutcomes == t.CountZeroOutcomes && Payoff == t.Payoff && FieldPayoff == t.FieldPayoff &&
+               SevenPointSevenPayoff == t.SevenPointSevenPayoff && MidwayPayoff == t.MidwayPayoff &&
+               FirePayoff == t.FirePayoff && (!skewed || Matrix == t.ProbabilityMatrix);
+    }
+};
+
+AdvantageCache::AdvantageCache() = default;
+AdvantageCache::~AdvantageCache() = default;
 
 const Advantage& AdvantageCache::Of(const Table& t, int row, bool trueDice) {
     const bool skewed = t.UseSkewedProbability && !trueDice;
-    if (!Stands(t, skewed)) Renew(t, skewed);
-    if (!IsLayoutRow(row)) row = 0;
-    if (!Figured[At(row)]) {
-        Figures[At(row)] = FigureAdvantage(t, Dice, row);
-        Figured[At(row)] = true;
+    if (Figures == nullptr || !Figures->Holds(t, skewed)) Figures = std::make_unique<Kept>(t, skewed);
+    const std::size_t at = IsLayoutRow(row) ? At(row) : 0;
+    if (!Figures->Figured[at]) {
+        Figures->Figures[at] = FigureAdvantage(t, Figures->Dice, row);
+        Figures->Figured[at] = true;
     }
-    return Figures[At(row)];
+    return Figures->Figures[at];
 }
 
 }  // namespace tarnwick

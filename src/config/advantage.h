@@ -7,8 +7,7 @@
 // are not rounded to checks here, as the table does.
 #pragma once
 
-#include <array>
-#include <cstdint>
+#include <memory>
 
 #include "dice/chances.h"
 #include "table/crapcnst.h"
@@ -39,30 +38,16 @@ Advantage FigureAdvantage(const Settings& s, const DiceChances& dice, int row);
 /// The figures of the rows last asked for, figured anew when anything that they depend on has changed.
 class AdvantageCache {
   public:
+    AdvantageCache();
+    ~AdvantageCache();
+
     /// Like FigureAdvantage; with `trueDice` of fair dice, whatever is thrown. The reference is good until the next
     /// call.
     const Advantage& Of(const Table& t, int row, bool trueDice = false);
 
   private:
-    struct Rules {
-        decltype(Settings::Payoff) Payoff{};
-        decltype(Settings::FieldPayoff) FieldPayoff{};
-        decltype(Settings::SevenPointSevenPayoff) SevenPointSevenPayoff{};
-        decltype(Settings::MidwayPayoff) MidwayPayoff{};
-        decltype(Settings::FirePayoff) FirePayoff{};
-        std::int32_t BarDont = 0;
-        currency LayVigRate, BuyVigRate;
-        bool LayVigOnAllBets = false, BuyVigOnAllBets = false, CountZeroOutcomes = false, Skewed = false;
-        decltype(DiceState::ProbabilityMatrix) Matrix{};  ///< while Skewed
-    };
-    bool Stands(const Table& t, bool skewed) const;
-    void Renew(const Table& t, bool skewed);
-
-    Rules Known;
-    bool Empty = true;
-    DiceChances Dice;
-    std::array<Advantage, Row::LastBet + 1> Figures{};
-    std::array<bool, Row::LastBet + 1> Figured{};
+    struct Kept;
+    std::unique_ptr<Kept> Figures;  ///< null until they are first asked for
 };
 
 }  // namespace tarnwick
