@@ -13,6 +13,7 @@
 #include <set>
 #include <string>
 
+#include "config/displaystate.h"
 #include "config/settings.h"
 #include "dice/dicestate.h"
 #include "stats/statistics.h"
@@ -36,6 +37,8 @@ struct ScriptHost {
     virtual std::string NameRefusal(const Table& t, const std::string& name, int exceptPosition) = 0;
     /// Positions p and q change places; q 0: the script of p leaves with its player.
     virtual void SwapPositions(Table& t, int p, int q) = 0;
+    /// A player has another name than when the scripts were compiled.
+    virtual void NameChanged(Table& t) = 0;
 };
 
 constexpr currency BankrollLimit = Dollars(9'999'999);
@@ -57,7 +60,7 @@ class BetCells {
     PerBet<currency, RowCount201> Amounts;
 };
 
-struct Table : Settings, DiceState, Statistics {
+struct Table : Settings, DiceState, Statistics, DisplayState {
     // --- bets ---
     BetCells BetAmount;
     PerBet<currency, RowCount201> PrevBetAmount;  ///< as it stood at the start of the last roll
@@ -120,7 +123,6 @@ struct Table : Settings, DiceState, Statistics {
     std::string GameFolder;  ///< where files of a script that have no folder of their own lie; empty: the current one
     std::string EventsLogHeading;
     bool EventsLogStarted = false;  ///< a line was given to the log
-    std::int32_t EventsLogTopLine = 1;
 
     // --- kept by SetBetAmount and its like ---
     std::array<SeatMask, RowCount201> SeatsOn{};        ///< by row: positions with an amount above 0
