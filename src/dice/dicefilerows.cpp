@@ -29,7 +29,7 @@ void SetCell(std::int32_t& cell, int shift, std::int32_t color) {
 }
 
 std::int32_t& Cell(RollHighlights& highlights, int die1, int die2) {
-    return highlights[static_cast<std::size_t>(die1 - 1)][static_cast<std::size_t>(die2 - 1)];
+    return highlights[static_cast<std::size_t>(die1)][static_cast<std::size_t>(die2)];
 }
 
 std::string Padded(std::string text, std::size_t width) {
@@ -46,6 +46,19 @@ std::string ListText(const RollListOptions& options, std::size_t numberWidth, st
 }
 
 }  // namespace
+
+RollListOptions RollListOptionsOf(const DiceFileView& view) {
+    RollListOptions options;
+    const auto held = [&view](std::size_t i, std::int32_t highest, std::int32_t other) {
+        const std::int32_t value = view.DiceFormat[i];
+        return value < 0 || value > highest ? other : value;
+    };
+    options.Basic = view.DiceFormat[1] != 0;
+    options.Font = held(2, 2, options.Font);
+    options.Parts = view.DiceFormat[3];
+    options.Color = held(4, 6, options.Color);
+    return options;
+}
 
 std::string_view HighlightColorText(HighlightColor color) { return ColorTexts[static_cast<std::size_t>(color)]; }
 
@@ -70,7 +83,7 @@ void ClearHighlights(RollHighlights& highlights) { highlights = {}; }
 HighlightColor HighlightOf(const RollHighlights& highlights, const RollListOptions& options, std::uint8_t roll) {
     if (!CheckDiceRollValue(roll)) return HighlightColor::None;
     const std::int32_t cell =
-        highlights[static_cast<std::size_t>(FirstDie(roll) - 1)][static_cast<std::size_t>(SecondDie(roll) - 1)];
+        highlights[static_cast<std::size_t>(FirstDie(roll))][static_cast<std::size_t>(SecondDie(roll))];
     const std::int32_t byTotal = (options.Parts & RollListPart::TotalHighlights) != 0 ? cell & ColorMask : 0;
     const std::int32_t byDie = (options.Parts & RollListPart::DieHighlights) != 0 ? cell >> DieShift & ColorMask : 0;
     const std::int32_t color = byTotal != 0 ? byTotal : byDie;

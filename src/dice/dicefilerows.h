@@ -19,6 +19,9 @@ struct RollListOptions {
     std::int32_t Color = 2;   ///< a HighlightColor, for the highlights set next
 };
 
+/// From what a game keeps of the window; numbers that it doesn't know become the default.
+RollListOptions RollListOptionsOf(const DiceFileView& view);
+
 namespace RollListPart {
 enum : int { Numbers = 1, Dice = 2, Total = 4, TotalHighlights = 8, DieHighlights = 16 };
 }
@@ -28,10 +31,10 @@ enum class HighlightColor { Multi, Cyan, Blue, Yellow, Purple, Green, Gray, None
 /// The menu's text: "&Multi-color", "&Cyan" and so on, "Clear &All" for None.
 std::string_view HighlightColorText(HighlightColor color);
 
-/// By dice 1..6, 1..6 (index - 1): 0, or the colour of the roll's total + 1 in the low four bits and that of a die
-/// value
+/// By dice [1..6][1..6], as DiceTotalsMatrix is: 0, or the colour of the roll's total + 1 in the low four bits and that
+/// of a die value
 /// + 1 in the next four.
-using RollHighlights = std::array<std::array<std::int32_t, 6>, 6>;
+using RollHighlights = std::array<std::array<std::int32_t, 7>, 7>;
 
 /// Highlights every roll of a total 2..12 in `color`; None takes the highlight away.
 void HighlightTotal(RollHighlights& highlights, int total, HighlightColor color);

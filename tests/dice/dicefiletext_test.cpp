@@ -108,6 +108,19 @@ TEST(RollLists, ShowWhatTheOptionsSay) {
     }
 }
 
+TEST(RollLists, OptionsOfAGame) {
+    DiceFileView view;
+    const auto of = [&view] {
+        const RollListOptions o = RollListOptionsOf(view);
+        return std::array<int, 4>{o.Basic ? 1 : 0, o.Font, o.Parts, o.Color};
+    };
+    EXPECT_EQ(of(), (std::array<int, 4>{1, 1, 31, 2}));
+    view.DiceFormat = {0, 0, 2, 5, 6};
+    EXPECT_EQ(of(), (std::array<int, 4>{0, 2, 5, 6}));
+    view.DiceFormat = {0, -1, 3, -1, 7};
+    EXPECT_EQ(of(), (std::array<int, 4>{1, 1, -1, 2}));
+}
+
 TEST(RollLists, HighlightByTotalDieAndPair) {
     using enum HighlightColor;
     RollHighlights highlights{};
@@ -149,7 +162,7 @@ TEST(RollLists, HighlightByTotalDieAndPair) {
         EXPECT_NE(shown(die, total - die),
                   shown(die + (total + 1) / 2 - total / 2, total + 1 - die - ((total + 1) / 2 - total / 2)));
     }
-    highlights[2][3] = -1;  // as a damaged game file may have it
+    highlights[3][4] = -1;  // as a damaged game file may have it
     EXPECT_EQ(shown(3, 4), None);
 }
 
