@@ -9,6 +9,7 @@
 #include "lab/console.h"
 #include "lab/convert.h"
 #include "lab/labtable.h"
+#include "lab/rollscli.h"
 #include "lab/run.h"
 #include "table/crapcnst.h"
 
@@ -179,11 +180,14 @@ int Main(int argc, char** argv) {
     CLI::App* convert = app.add_subcommand("convert", "Writes a script of an earlier version as text");
     convert->add_option("old", raw.OldScript, "The script to read, of any form")->type_name("OLD")->required();
     convert->add_option("new", raw.NewScript, "The text file to write")->type_name("NEW")->required();
+    RollsCommandLine rolls;
+    rolls.Add(app);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? 0 : BadUsage;
     }
+    if (rolls.Parsed()) return rolls.Run();
     if (check->parsed()) return StartCheck(raw);
     if (convert->parsed()) return Convert(raw.OldScript, raw.NewScript);
     return run->parsed() ? StartRun(raw) : StartConsole(raw);
