@@ -139,7 +139,7 @@ TEST_F(SessionStatisticsTest, ClassesAndWhatIsIncluded) {
         {false, true, false, 6, 6, {2, 0, 5, 0}, 0},
     };
     for (const Case& c : cases) {
-        const SessionsView view{SessionStat::MoneyNet, c.Won, c.Even, c.Lost, Money(c.BreakLow), Money(c.BreakHigh)};
+        const SessionsQuery view{SessionStat::MoneyNet, c.Won, c.Even, c.Lost, Money(c.BreakLow), Money(c.BreakHigh)};
         const SessionStatistics s = SumUpSessions(Log, view);
         EXPECT_THAT((std::vector<std::int64_t>{s.Won, s.Even, s.Lost, s.Included}),
                     testing::ElementsAreArray(c.Counts));
