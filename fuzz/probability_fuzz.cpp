@@ -1,9 +1,11 @@
 // Any bytes as a probability file: what is taken has no chance below 0, can be rolled, figured and saved, and the first
 // edit makes it exactly 100%.
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
 #include <memory>
+#include <string>
 #include <string_view>
 
 #include "config/advantage.h"
@@ -28,8 +30,7 @@ std::int64_t SumOfResults(const tarnwick::Table& t) {
     return sum;
 }
 
-/// Chances of a die are told by its results.
-void RequireFigures(const tarnwick::Table& t) {
+void RequireFigures(const tarnwick::Table& t, int row) {
     const tarnwick::DiceChances dice = tarnwick::MatrixChances(t.ProbabilityMatrix);
     double sum = 0;
     for (const double chance : dice.Results) {
@@ -37,11 +38,9 @@ void RequireFigures(const tarnwick::Table& t) {
         sum += chance;
     }
     Require(std::abs(sum - 1) < 1e-9);
-    for (int row = 1; row <= tarnwick::Row::LastBet; ++row) {
-        const tarnwick::Advantage a = tarnwick::FigureAdvantage(t, dice, row);
-        Require(std::isfinite(a.EvRoll) && std::isfinite(a.EvDec) && std::isfinite(a.RollsDec) &&
-                std::isfinite(a.SdRoll) && std::isfinite(a.SdDec));
-    }
+    const tarnwick::Advantage a = tarnwick::FigureAdvantage(t, dice, row);
+    Require(std::isfinite(a.EvRoll) && std::isfinite(a.EvDec) && std::isfinite(a.RollsDec) && std::isfinite(a.SdRoll) &&
+            std::isfinite(a.SdDec));
 }
 
 }  // namespace
@@ -63,18 +62,18 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     MatrixCells again{};
     const MatrixCells taken = t.ProbabilityMatrix;
     Require(ProbabilitiesFromBytes(ProbabilityFileBytes(taken), again) && again == taken);
-    SumOfResults(t);
-    RequireFigures(t);
-    for (const int draw : {1, 50'000, WholeChance}) {
-        LookupDice(t, draw);
+    const std::int64_t sum = SumOfResults(t);
+    RequireFigures(t, 1 + (size > 0 ? data[size - 1] % 91 : 0));
+    // Draws that needn't be repeated, which a tiny sum would make long.
+    for (const std::int64_t draw : {std::int64_t{1}, std::clamp<std::int64_t>(sum, 1, WholeChance)}) {
+        LookupDice(t, static_cast<std::int32_t>(draw));
         Require(1 <= t.Die1 && t.Die1 <= 6 && 1 <= t.Die2 && t.Die2 <= 6);
     }
-    for (int col = 0; col <= 8; ++col) {
-        for (int row = 0; row <= 14; ++row) {
-            t.ProbabilityMatrix = taken;
-            CellText(t, {col, row});
-            if (EnterCell(t, {col, row}, "20").empty()) Require(SumOfResults(t) == WholeChance);
-        }
+    // The bytes behind the matrix say what is done with it.
+    for (std::size_t at = 1152; at + 1 < size && at < 1160; at += 2) {
+        const CellPlace place{data[at] % 9, data[at + 1] % 15};
+        CellText(t, place);
+        if (EnterCell(t, place, std::to_string(data[at] / 2)).empty()) Require(SumOfResults(t) == WholeChance);
     }
     t.ProbabilityMatrix = taken;
     SetFreeForm(t, !IsFreeForm(t));
