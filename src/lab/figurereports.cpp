@@ -52,7 +52,7 @@ std::string SummaryText(const Table& t, const FigureQuery& q) {
             {"$", f.BankrollBeginning.Text, f.BankrollCurrent.Text, f.BankrollHigh.Text, f.BankrollLow.Text,
              f.BankrollAverage.Text}};
     out += TextTable(rows);
-    for (const CompLine& line : f.Comps) {
+    for (const SummaryCompLine& line : f.Comps) {
         if (f.HasComps) out += line.Caption + "  " + line.Amount.Text + "\n";
     }
     return out;
