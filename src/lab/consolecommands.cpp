@@ -10,6 +10,7 @@
 #include "dice/dice.h"
 #include "dice/dicefile.h"
 #include "lab/consolearguments.h"
+#include "lab/consoleevents.h"
 #include "lab/consolereports.h"
 #include "lab/consolescripts.h"
 #include "lab/figurereports.h"
@@ -295,21 +296,6 @@ std::string DoAnswer(Console& c, Arguments& a) {
     return {};
 }
 
-std::string DoLog(Console& c, Arguments& a) {
-    const bool on = a.OnOrOff();
-    if (!a.Ok()) return a.Fault;
-    Table& t = c.T;
-    if (on) {
-        for (bool* flag :
-             {&t.RecordRolls, &t.RecordBetChanges, &t.RecordBetsWon, &t.RecordBetsLost, &t.RecordCheckStackChanges,
-              &t.RecordPassesMisses, &t.RecordShooterChanges, &t.RecordBankrollChanges}) {
-            *flag = true;
-        }
-    }
-    SetEventsLogOn(t, on);
-    return {};
-}
-
 std::string DoSet(Console& c, Arguments& a) {
     const std::string rest = a.Rest();
     const std::size_t end = rest.find_first_of("= \t");
@@ -448,6 +434,8 @@ constexpr Command Commands[] = {
     {"elements", "elements P", "the elements that a player's script is compiled to", 1, 1, DoElements},
     {"answer", "answer VALUE", "queues the answer to the next question", 1, Endless, DoAnswer},
     {"log", "log on|off", "prints the lines of the Events Log", 1, 1, DoLog},
+    {"events", "events on [FILE]|off|[TOP [COUNT]]|find TEXT|next|previous",
+     "keeps the Events Log, shows its lines, searches it", 0, Endless, DoEvents},
     {"set", "set NAME VALUE", "changes a setting", 1, Endless, DoSet},
     {"new", "new [OPTION...]",
      "another session; OPTIONs are preserve-data, preserve-checkstacks, preserve-logs, drop-scripts, retain-dice-file "

@@ -466,6 +466,7 @@ class Pump {
     /// False when it was too early.
     bool Serve(Table& t) {
         if (--Left > 0 || t.Front == nullptr) return false;
+        if (t.Logs != nullptr) t.Logs->Serve(t);
         t.Front->RefreshOpenWindows();
         t.Front->PumpEvents();
         const std::uint32_t now = t.Front->Milliseconds();
@@ -488,6 +489,7 @@ class Pump {
 template <class GoOn>
 void WaitWhile(Table& t, std::int64_t milliseconds, GoOn goOn) {
     if (t.Front == nullptr) return;
+    if (t.Logs != nullptr) t.Logs->Serve(t);
     const std::uint32_t start = t.Front->Milliseconds();
     t.Front->PumpEvents();
     while (goOn()) {
