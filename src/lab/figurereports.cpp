@@ -45,14 +45,14 @@ std::string SummaryText(const Table& t, const FigureQuery& q) {
                  {"Sim hrs", f.Table.SimulatedHours.Text, f.Player.SimulatedHours.Text}};
     std::string out = Heading(q.StatScope, f.Players) + TextTable(rows) + "\n";
     rows = {{"Bets", "Decided", "Won", "Lost", "Net", "Net %"}};
-    for (const auto& [name, bets] : {std::pair{"#", &f.Numbers}, {"$", &f.Amounts}})
+    for (const auto& [name, bets] : {std::pair{"Number", &f.Numbers}, {"Amount", &f.Amounts}})
         rows.push_back({name, bets->Made.Text, bets->Won.Text, bets->Lost.Text, bets->Net.Text, bets->NetPercent.Text});
     out += TextTable(rows) + "\n";
-    rows = {{"Bankroll", "Beginning", std::string(f.CurrentCaption), "High", "Low", "Average"},
-            {"$", f.BankrollBeginning.Text, f.BankrollCurrent.Text, f.BankrollHigh.Text, f.BankrollLow.Text,
+    rows = {{"", "Beginning", std::string(f.CurrentCaption), "High", "Low", "Average"},
+            {"Bankroll", f.BankrollBeginning.Text, f.BankrollCurrent.Text, f.BankrollHigh.Text, f.BankrollLow.Text,
              f.BankrollAverage.Text}};
     out += TextTable(rows);
-    for (const CompLine& line : f.Comps) {
+    for (const SummaryCompLine& line : f.Comps) {
         if (f.HasComps) out += line.Caption + "  " + line.Amount.Text + "\n";
     }
     return out;
@@ -267,9 +267,14 @@ Parsed<RollTotalsMode> ParseTotalsMode(std::string_view text) {
 
 const std::vector<FigureReport>& FigureReports() {
     static const std::vector<FigureReport> reports = {
-        {"summary", SummaryText, WriteSummary}, {"hands", HandsText, WriteHands},
-        {"totals", TotalsText, WriteTotals},    {"frequencies", FrequenciesText, WriteFrequencies},
-        {"results", ResultsText, WriteResults}, {"trends", TrendsText, WriteTrends},
+        {"summary", "[SCOPE [PLAYERS]]", "table, players, bets and bankrolls at a glance", SummaryText, WriteSummary},
+        {"hands", "[SCOPE [PLAYERS]]", "hands, come-outs, passes and misses", HandsText, WriteHands},
+        {"totals", "[SCOPE [PLAYERS [MODE]]]", "rolls beside their chances; MODE is number, combinations, die1 or die2",
+         TotalsText, WriteTotals},
+        {"frequencies", "[EVENT [true|skewed]]", "how often an event came, and after how many rolls", FrequenciesText,
+         WriteFrequencies},
+        {"results", "[SCOPE [PLAYERS [ROW...]]]", "how bets fared", ResultsText, WriteResults},
+        {"trends", "[P]", "the streaks of a player's bets", TrendsText, WriteTrends},
     };
     return reports;
 }

@@ -25,6 +25,8 @@ struct FigureQuery {
 
 struct FigureReport {
     const char* Name;
+    const char* Arguments;  ///< what may stand behind it
+    const char* Help;
     std::string (*Text)(const Table& t, const FigureQuery& query);
     /// Writes an object under the report's name.
     void (*Write)(JsonWriter& json, const Table& t, const FigureQuery& query);

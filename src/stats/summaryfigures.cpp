@@ -51,7 +51,7 @@ Figure BankrollSumOf(const std::vector<int>& players, ValueOf valueOf) {
     return MoneyFigure(sum);
 }
 
-CompLine LineOfComps(std::string_view caption, currency amount, bool counts) {
+SummaryCompLine LineOfComps(std::string_view caption, currency amount, bool counts) {
     return {(counts ? "* " : "") + std::string(caption),
             {Figure::Unit::Money, amount, FormatPattern(amount, "#,0.00;-#,0.00;0")}};
 }

@@ -27,7 +27,7 @@ struct CompMeasures {
     int CompBase = 0;  ///< 0..2: which of the three counts
 };
 
-struct CompLine {
+struct SummaryCompLine {
     std::string Caption;  ///< with "* " ahead of the one that counts
     Figure Amount;
 };
@@ -39,7 +39,7 @@ struct SummaryFigures {
     SummaryBets Amounts, Numbers;
     Figure BankrollBeginning, BankrollCurrent, BankrollHigh, BankrollLow, BankrollAverage;
     std::string_view CurrentCaption;  ///< "Current", or "Ending" of a scope that is over
-    std::array<CompLine, 3> Comps;
+    std::array<SummaryCompLine, 3> Comps;
     bool HasComps = false;
 };
 

@@ -341,6 +341,7 @@ TEST_F(DiceFileEdit, AFullDiskOrACrashLeavesTheOldFileOrTheNew) {
             ASSERT_EQ(fault.empty(), bytes == edited.size()) << bytes << fault;
             ASSERT_EQ(Folder.Count(), 3) << bytes;
             // The same as a crash: the signal ends the process at the write.
+            if (bytes % 4 != 1 && bytes + 1 < edited.size()) continue;
             Open(old);
             const pid_t child = fork();
             if (child == 0) {
