@@ -24,8 +24,11 @@ char LowerByte(char c) {
 
 void Lower(std::string& bytes) { std::transform(bytes.begin(), bytes.end(), bytes.begin(), LowerByte); }
 
+/// Whether all characters are printable ones of ASCII.
 bool IsPlain(std::string_view text) {
-    return std::none_of(text.begin(), text.end(), [](char c) { return static_cast<std::uint8_t>(c) >= 0x80; });
+    bool plain = true;
+    for (const char c : text) plain &= ' ' <= c && c <= '~';
+    return plain;
 }
 
 /// Both locked, the reference first: every program takes them in this order.
@@ -60,14 +63,14 @@ std::string About(const std::string& path, const std::string& fault) {
 
 void EventsLogWriter::Collect(std::string_view line) {
     Starts.push_back(static_cast<std::int64_t>(Pending.size()));
-    const std::size_t begin = Pending.size();
     if (IsPlain(line)) {
         Pending += line;
     } else {
-        Pending += ToCodePage(line).Bytes;
-    }
-    for (std::size_t i = begin; i < Pending.size(); ++i) {
-        if (Pending[i] == '\r' || Pending[i] == '\n' || Pending[i] == '\0') Pending[i] = ' ';
+        std::string bytes = ToCodePage(line).Bytes;
+        for (char& c : bytes) {
+            if (c == '\r' || c == '\n' || c == '\0') c = ' ';
+        }
+        Pending += bytes;
     }
     Pending += LineEnd;
 }
