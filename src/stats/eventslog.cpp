@@ -124,6 +124,11 @@ void LogBankrollsSince(Table& t, const std::array<currency, Positions>& before, 
 RowMask RowsToCompare(const Table& t, int p) {
     RowMask rows = t.RowsOf[At(p)];
     for (std::size_t word = 0; word < rows.size(); ++word) rows[word] |= t.ChangedSinceRoll[At(p)][word];
+    if (!IsPointNumber(t.DiceTotal)) return rows;
+    const int index = PointIndex(t.DiceTotal);
+    for (const int row : {Row::Come + 0, Row::DontCome + 0, Row::Come4 + index, Row::DontCome4 + index}) {
+        rows[At(row >> 6)] |= std::uint64_t{1} << (row & 63);
+    }
     return rows;
 }
 

@@ -106,6 +106,7 @@ struct EveningLogTest : testing::Test {
         CallBet(t, 3, Row::Place4 + 3, true);
         PadRoll(t, 1, 1);
         RemovePlayer(t, 3);
+        Front.Clock = 123'456;
         SeedRNG(t, SeedMode::Normal, false);
     }
 
