@@ -98,8 +98,7 @@ bool AutoBets::Lower(const Table& t, Compiled& compiled, int& failedScript, Comp
 }
 
 bool AutoBets::CompileAll(Table& t) {
-    if (Current != nullptr && NamesAtStart == t.PlayerName) return true;
-    Drop();
+    if (Current != nullptr) return true;
     auto compiled = std::make_unique<Compiled>();
     const auto refuse = [&](int p) {
         ShowNote(t, "Auto-bet script error", ScriptErrorMessage(t.PlayerName[Seat(p)]));
@@ -116,7 +115,6 @@ bool AutoBets::CompileAll(Table& t) {
     CompileError error;
     if (!Lower(t, *compiled, failedScript, error)) return refuse(compiled->Checked[Seat(failedScript)].Slot);
     Current = std::move(compiled);
-    NamesAtStart = t.PlayerName;
     return true;
 }
 

@@ -94,7 +94,14 @@ struct Settings {
     std::int32_t NotifyBits = 15;  ///< 1 refusals, 2 limits, 4 charges and change, 8 and 16 messages of scripts
     bool SnapMouse = true;
     std::array<std::int32_t, 3> PrintColors = {9, 12, 13};
+
+    // Comps and advantage
     currency CompRate = Dollars(30);  ///< percent
+    std::int32_t CompBase = 0;        ///< 0 theoretical vig, 1 total action, 2 average action x time
+    bool CompsUseTrueProbs = true;    ///< also while skewed dice are thrown
+    std::array<std::uint32_t, 4> CompBetMasks = {0, 0xC0FC0FFF, 0xFFFF6FFF, 0xFFFFFFFF};  ///< 1..3; see stats/comps.h
+    bool CountZeroOutcomes = false;  ///< a roll that decides nothing counts as a decision
+    bool ShowMiscData = false;       ///< rolls, decisions and time instead of values
 
     // Bankroll, by position
     std::array<std::int32_t, Positions> BankrollStartRule{};  ///< 0 stored amount, 1 ask, 2 carry forward

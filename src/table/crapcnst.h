@@ -14,6 +14,7 @@
 #include <string>
 #include <string_view>
 
+#include "config/displaystate.h"
 #include "config/settings.h"
 #include "dice/dicestate.h"
 #include "stats/statistics.h"
@@ -37,6 +38,8 @@ struct ScriptHost {
     virtual std::string NameRefusal(const Table& t, const std::string& name, int exceptPosition) = 0;
     /// Positions p and q change places; q 0: the script of p leaves with its player.
     virtual void SwapPositions(Table& t, int p, int q) = 0;
+    /// A player has another name than when the scripts were compiled.
+    virtual void NameChanged(Table& t) = 0;
 };
 
 /// What the table asks of its logs on the disk. Null on a table that keeps none.
@@ -76,7 +79,7 @@ class BetCells {
     PerBet<currency, RowCount201> Amounts;
 };
 
-struct Table : Settings, DiceState, Statistics {
+struct Table : Settings, DiceState, Statistics, DisplayState {
     // --- bets ---
     BetCells BetAmount;
     PerBet<currency, RowCount201> PrevBetAmount;  ///< as it stood at the start of the last roll
@@ -140,7 +143,6 @@ struct Table : Settings, DiceState, Statistics {
     std::string EventsLogFileName = "Events Log.txt";  ///< a relative one lies in the user's folder
     std::string EventsLogHeading;
     bool EventsLogStarted = false;  ///< a line was given to the log
-    std::int32_t EventsLogTopLine = 1;
 
     // --- kept by SetBetAmount and its like ---
     std::array<SeatMask, RowCount201> SeatsOn{};        ///< by row: positions with an amount above 0

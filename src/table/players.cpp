@@ -45,6 +45,13 @@ void ClearSettings(Table& t, int p) {
     t.AllowActProb[At(p)] = t.AllowAct4Others[At(p)] = t.AllowReset[At(p)] = false;
 }
 
+/// Calls `act` with each selection of players that a window shows.
+template <class Act>
+void ForEachSelection(Table& t, Act act) {
+    for (auto* players : {&t.RollTotalsPlayers, &t.BetResultsPlayers, &t.HandsPlayers, &t.SummaryPlayers})
+        act(*players);
+}
+
 void ClearPosition(Table& t, int p) {
     ClearBets(t, p);
     ClearSettings(t, p);
@@ -55,6 +62,9 @@ void ClearPosition(Table& t, int p) {
     t.ScriptName[At(p)].clear();
     t.SessionsLogName[At(p)].clear();
     t.PlayerName[At(p)].clear();
+    t.ScriptOutputFile[At(p)].clear();
+    ForEachSelection(t, [p](std::int32_t& players) { players &= ~(1 << p); });
+    t.AutoPlayPlayers &= ~(1 << p);
     if (t.Scripts != nullptr) t.Scripts->SwapPositions(t, p, 0);
 }
 
@@ -137,7 +147,13 @@ void SwapSettings(Table& t, int p, int q) {
     SwapIn(t.HandleOperator, p, q);
     SwapIn(t.HandleAmount, p, q);
     SwapIn(t.HandleUnit, p, q);
-    for (auto* texts : {&t.PlayerName, &t.SessionsLogName, &t.ScriptName}) SwapIn(*texts, p, q);
+    for (auto* texts : {&t.PlayerName, &t.SessionsLogName, &t.ScriptName, &t.ScriptOutputFile}) SwapIn(*texts, p, q);
+    const auto swapBits = [p, q](std::int32_t& players) {
+        const std::int32_t differ = ((players >> p) ^ (players >> q)) & 1;
+        players ^= differ << p | differ << q;
+    };
+    ForEachSelection(t, swapBits);
+    swapBits(t.AutoPlayPlayers);
 }
 
 void Follow(std::int32_t& position, int p, int q) { position = position == p ? q : position == q ? p : position; }
@@ -214,6 +230,7 @@ std::string AddPlayer(Table& t, int p, const std::string& givenName, currency bu
     t.PrevBankroll[At(p)] = t.BankrollAtRollStart[At(p)] = buyIn;
     TouchSeat(t, p);
     ++t.PlayerCount;
+    ForEachSelection(t, [p](std::int32_t& players) { players |= 1 << p; });  // a window shows everybody at first
     if (t.Shooter == 0) {
         t.Shooter = p;
         if (HandRolls(t) == 0) t.HandShooter = p;
@@ -249,6 +266,7 @@ std::string RenamePlayer(Table& t, int p, const std::string& givenName) {
     if (std::string refusal = NameRefusal(t, name, p); !refusal.empty()) return refusal;
     const std::string old = t.PlayerName[At(p)];
     t.PlayerName[At(p)] = name;
+    if (t.Scripts != nullptr) t.Scripts->NameChanged(t);
     t.GameChanged = true;
     LogRenamed(t, old, t.PlayerName[At(p)]);
     Redraw(t);
