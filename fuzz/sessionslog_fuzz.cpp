@@ -39,7 +39,7 @@ std::vector<SessionRecord> All() {
     return records;
 }
 
-void CheckFigures(const SessionsLog& log, const SessionsView& view) {
+void CheckFigures(const SessionsLog& log, const SessionsQuery& view) {
     const SessionStatistics s = SumUpSessions(log, view, {SessionsMark{Dollars(1), {}}, SessionsMark{{}, 1.5}});
     Require(s.Won + s.Even + s.Lost == s.Sessions);
     Require(0 <= s.Included && s.Included <= s.Sessions && s.Between <= s.Included);

@@ -39,7 +39,7 @@ std::string HistogramText(const SessionStatistics& s, int width) {
     return TextTable(rows);
 }
 
-std::string RawDataText(const SessionsLog& log, const SessionsView& view) {
+std::string RawDataText(const SessionsLog& log, const SessionsQuery& view) {
     std::string text;
     constexpr int atOnce = 4'096;
     for (std::int32_t top = 1; top <= log.Count();) {
@@ -84,7 +84,7 @@ void WriteHistogram(JsonWriter& json, const SessionStatistics& s, int width) {
     json.EndList();
 }
 
-void WriteRawData(JsonWriter& json, const SessionsLog& log, const SessionsView& view) {
+void WriteRawData(JsonWriter& json, const SessionsLog& log, const SessionsQuery& view) {
     json.Key("sessions").BeginList();
     log.ForEach([&](std::int32_t number, const SessionRecord& record) {
         const SessionClass outcome = ClassOf(record, view);
@@ -122,7 +122,7 @@ Parsed<int> ParseSessionStat(std::string_view text) {
     return {0, "\"" + std::string(text) + "\" is no statistic: they are 0 to 31"};
 }
 
-std::string ReadInclude(std::string_view text, SessionsView& view) {
+std::string ReadInclude(std::string_view text, SessionsQuery& view) {
     view.Won = view.Even = view.Lost = false;
     while (!text.empty()) {
         const std::size_t end = std::min(text.find(','), text.size());
@@ -138,7 +138,7 @@ std::string ReadInclude(std::string_view text, SessionsView& view) {
     return {};
 }
 
-std::string ReadBreakPoint(std::string_view text, SessionsView& view) {
+std::string ReadBreakPoint(std::string_view text, SessionsQuery& view) {
     const std::size_t colon = std::min(text.find(':'), text.size());
     const auto low = ParseMoney(text.substr(0, colon));
     const auto high = ParseMoney(colon < text.size() ? text.substr(colon + 1) : text);

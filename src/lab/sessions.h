@@ -10,7 +10,7 @@ namespace tarnwick::lab {
 
 struct SessionsOptions {
     std::string File;
-    SessionsView View;
+    SessionsQuery View;
     bool Histogram = false;
     int BarWidth = 25;  ///< bins: 1, 5, 25 or 105
     bool RawData = false;
@@ -20,9 +20,9 @@ struct SessionsOptions {
 /// --stat 0..31, or the field's name.
 Parsed<int> ParseSessionStat(std::string_view text);
 /// --include: any of won, even, lost with commas between. Changes only that part of `view`; returns what is wrong.
-std::string ReadInclude(std::string_view text, SessionsView& view);
+std::string ReadInclude(std::string_view text, SessionsQuery& view);
 /// --break LOW:HIGH, in either order, or one amount.
-std::string ReadBreakPoint(std::string_view text, SessionsView& view);
+std::string ReadBreakPoint(std::string_view text, SessionsQuery& view);
 
 /// Returns the exit status: 0, or 2 when the file can't be read.
 int Sessions(const SessionsOptions& options);

@@ -57,14 +57,14 @@ int BinOf(currency x, currency low, currency high) {
 
 /// Calls `each` with every record that `view` includes.
 template <class Each>
-void ForIncluded(const SessionsLog& log, const SessionsView& view, Each each) {
+void ForIncluded(const SessionsLog& log, const SessionsQuery& view, Each each) {
     log.ForEach([&](std::int32_t, const SessionRecord& record) {
         if (view.Includes(ClassOf(record, view))) each(record);
         return true;
     });
 }
 
-void FirstPass(const SessionsLog& log, const SessionsView& view, SessionStatistics& s) {
+void FirstPass(const SessionsLog& log, const SessionsQuery& view, SessionStatistics& s) {
     const Adder adder(s.Excessive);
     log.ForEach([&](std::int32_t, const SessionRecord& record) {
         const SessionClass outcome = ClassOf(record, view);
@@ -88,7 +88,7 @@ void AddToBin(HistogramBin& bin, currency x) {
     ++bin.Count;
 }
 
-void SecondPass(const SessionsLog& log, const SessionsView& view, SessionStatistics& s) {
+void SecondPass(const SessionsLog& log, const SessionsQuery& view, SessionStatistics& s) {
     const Adder adder(s.Excessive);
     double squares = 0;
     ForIncluded(log, view, [&](const SessionRecord& record) {
@@ -112,7 +112,7 @@ void CompleteMarks(SessionStatistics& s) {
 }
 
 /// Skew and kurtosis from the sums of z^3 and z^4, z being the distance from the mean in standard deviations.
-void ThirdPass(const SessionsLog& log, const SessionsView& view, SessionStatistics& s) {
+void ThirdPass(const SessionsLog& log, const SessionsQuery& view, SessionStatistics& s) {
     const Adder adder(s.Excessive);
     const bool marked = s.Marks[0].Value && s.Marks[1].Value;
     const currency from = marked ? std::min(*s.Marks[0].Value, *s.Marks[1].Value) : currency{};
@@ -161,13 +161,25 @@ void FindMode(SessionStatistics& s) {
 
 }  // namespace
 
-SessionClass ClassOf(const SessionRecord& record, const SessionsView& view) {
+SessionsQuery ShownSessions(const Table& t) {
+    constexpr std::int32_t won = 1, even = 2, lost = 4;
+    SessionsQuery query;
+    query.Stat = std::clamp(t.SessionsStat, 0, SessionStatCount - 1);
+    query.Won = (t.SessionsDisplay & won) != 0;
+    query.Even = (t.SessionsDisplay & even) != 0;
+    query.Lost = (t.SessionsDisplay & lost) != 0;
+    query.BreakLow = std::min(t.BreakLow, t.BreakHigh);
+    query.BreakHigh = std::max(t.BreakLow, t.BreakHigh);
+    return query;
+}
+
+SessionClass ClassOf(const SessionRecord& record, const SessionsQuery& view) {
     const currency net = record[SessionStat::MoneyNet];
     if (net < view.BreakLow) return SessionClass::Lost;
     return net > view.BreakHigh ? SessionClass::Won : SessionClass::Even;
 }
 
-SessionStatistics SumUpSessions(const SessionsLog& log, const SessionsView& view,
+SessionStatistics SumUpSessions(const SessionsLog& log, const SessionsQuery& view,
                                 const std::array<SessionsMark, 2>& marks) {
     SessionStatistics s;
     s.Sessions = log.Count();

@@ -15,7 +15,7 @@ namespace tarnwick {
 enum class SessionClass { Won, Even, Lost };
 
 /// What of a log is looked at.
-struct SessionsView {
+struct SessionsQuery {
     int Stat = SessionStat::MoneyNet;  ///< 0..31
     bool Won = true, Even = true, Lost = true;
     currency BreakLow, BreakHigh;  ///< BreakLow <= BreakHigh: a net below is lost, above is won
@@ -25,7 +25,10 @@ struct SessionsView {
     }
 };
 
-SessionClass ClassOf(const SessionRecord& record, const SessionsView& view);
+/// What the Sessions window of `t` is set to.
+SessionsQuery ShownSessions(const Table& t);
+
+SessionClass ClassOf(const SessionRecord& record, const SessionsQuery& view);
 
 /// A value or its distance from the mean in standard deviations; neither when not given. A value goes first.
 struct SessionsMark {
@@ -59,7 +62,7 @@ struct SessionStatistics {
 };
 
 /// Sums up `log`. Nothing of it is kept in memory.
-SessionStatistics SumUpSessions(const SessionsLog& log, const SessionsView& view,
+SessionStatistics SumUpSessions(const SessionsLog& log, const SessionsQuery& view,
                                 const std::array<SessionsMark, 2>& marks = {});
 
 /// One bar of the histogram: `width` bins (1, 5, 25 or 105) from bin `first` on.

@@ -41,7 +41,7 @@ std::string WantedText(int stat, std::string_view text) {
 }
 
 /// The first or last included session of `first` to `last` whose field reads as `wanted`; 0 without one.
-std::int32_t FindIn(const SessionsLog& log, const SessionsView& view, const std::string& wanted, std::int32_t first,
+std::int32_t FindIn(const SessionsLog& log, const SessionsQuery& view, const std::string& wanted, std::int32_t first,
                     std::int32_t last, bool lastMatch) {
     std::int32_t found = 0;
     constexpr std::int32_t atOnce = 1'024;
@@ -64,7 +64,7 @@ std::int32_t FindIn(const SessionsLog& log, const SessionsView& view, const std:
 
 std::string SessionValueText(int stat, currency value) { return FormatPattern(value, ValuePattern(stat)); }
 
-std::string SessionClassText(SessionClass outcome, const SessionsView& view) {
+std::string SessionClassText(SessionClass outcome, const SessionsQuery& view) {
     const bool range = view.BreakLow != view.BreakHigh;
     switch (outcome) {
         case SessionClass::Won:
@@ -103,7 +103,7 @@ std::vector<SessionsLabel> DistributionLabels(const SessionStatistics& s, int st
     return labels;
 }
 
-std::vector<SessionsLabel> ClassLabels(const SessionStatistics& s, const SessionsView& view) {
+std::vector<SessionsLabel> ClassLabels(const SessionStatistics& s, const SessionsQuery& view) {
     return {{SessionClassText(SessionClass::Won, view), CountWithShare(s.Won, s.Sessions)},
             {SessionClassText(SessionClass::Even, view), CountWithShare(s.Even, s.Sessions)},
             {SessionClassText(SessionClass::Lost, view), CountWithShare(s.Lost, s.Sessions)},
@@ -128,7 +128,7 @@ std::string BarCountText(const HistogramBar& bar, const SessionStatistics& s) {
     return Count(bar.Count) + (bar.Count == 1 ? " session " : " sessions ") + FormatPattern(share, Share) + "%";
 }
 
-std::vector<RawDataLine> RawDataPage(const SessionsLog& log, const SessionsView& view, std::int32_t top, int count) {
+std::vector<RawDataLine> RawDataPage(const SessionsLog& log, const SessionsQuery& view, std::int32_t top, int count) {
     std::vector<RawDataLine> lines;
     std::vector<SessionRecord> records;
     constexpr std::int32_t atOnce = 256;
@@ -149,7 +149,7 @@ std::vector<RawDataLine> RawDataPage(const SessionsLog& log, const SessionsView&
     return lines;
 }
 
-std::int32_t FindSession(const SessionsLog& log, const SessionsView& view, std::string_view text, std::int32_t from,
+std::int32_t FindSession(const SessionsLog& log, const SessionsQuery& view, std::string_view text, std::int32_t from,
                          bool forward) {
     if (log.Count() == 0) return 0;
     const std::string wanted = WantedText(view.Stat, text);

@@ -13,7 +13,7 @@ namespace tarnwick {
 std::string SessionValueText(int stat, currency value);
 
 /// "Won", "Broke-even", "Lost"; with a break-point range "> high", "low - high", "< low".
-std::string SessionClassText(SessionClass outcome, const SessionsView& view);
+std::string SessionClassText(SessionClass outcome, const SessionsQuery& view);
 
 struct SessionsLabel {
     std::string Name, Text;
@@ -21,7 +21,7 @@ struct SessionsLabel {
 /// The statistics of the chosen field, "Sum" to "Kurtosis". Empty texts when nothing is included.
 std::vector<SessionsLabel> DistributionLabels(const SessionStatistics& s, int stat);
 /// The classes with their share of all sessions, and "Total".
-std::vector<SessionsLabel> ClassLabels(const SessionStatistics& s, const SessionsView& view);
+std::vector<SessionsLabel> ClassLabels(const SessionStatistics& s, const SessionsQuery& view);
 /// "# Rolls", "Handle $", "Net $" and "Advantage" of those included.
 std::vector<SessionsLabel> SumLabels(const SessionStatistics& s);
 /// A deviation of a mark: "0.########;-0.########,0".
@@ -35,11 +35,11 @@ struct RawDataLine {
     std::string Outcome, Value;
 };
 /// Included sessions from number `top` on, `count` lines at most.
-std::vector<RawDataLine> RawDataPage(const SessionsLog& log, const SessionsView& view, std::int32_t top, int count);
+std::vector<RawDataLine> RawDataPage(const SessionsLog& log, const SessionsQuery& view, std::int32_t top, int count);
 
 /// The next included session whose field reads as `text`, behind `from` or backward before it, around the ends, `from`
 /// itself last. An amount may be typed in any form. 0 when there is none.
-std::int32_t FindSession(const SessionsLog& log, const SessionsView& view, std::string_view text, std::int32_t from,
+std::int32_t FindSession(const SessionsLog& log, const SessionsQuery& view, std::string_view text, std::int32_t from,
                          bool forward);
 
 /// The scroll bar of the raw data has the range 1..30,000, whatever the count.

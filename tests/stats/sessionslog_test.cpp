@@ -217,14 +217,14 @@ TEST_F(SessionsLogTest, RawData) {
     for (const std::int64_t net : nets) ASSERT_EQ(AppendSessionRecord(Path(), Session(1, net)), "");
     SessionsLog log;
     ASSERT_EQ(log.Open(Path()), "");
-    const auto page = [&](const SessionsView& view, int top, int count) {
+    const auto page = [&](const SessionsQuery& view, int top, int count) {
         std::vector<std::string> lines;
         for (const RawDataLine& line : RawDataPage(log, view, top, count)) {
             lines.push_back(std::to_string(line.Session) + " " + line.Outcome + " " + line.Value);
         }
         return lines;
     };
-    SessionsView view;
+    SessionsQuery view;
     EXPECT_THAT(page(view, 2, 3), ElementsAre("2 Broke-even 0", "3 Lost -5.0", "4 Won 1,234.0"));
     EXPECT_THAT(page(view, 6, 3), ElementsAre("6 Won 10.0"));
     EXPECT_THAT(page(view, 7, 3), IsEmpty());
@@ -257,7 +257,7 @@ TEST_F(SessionsLogTest, FindingAValue) {
         {"0", 99, true, true, 2},       {"", 1, true, true, 0},
     };
     for (const Case& c : cases) {
-        SessionsView view;
+        SessionsQuery view;
         view.Lost = c.WithLost;
         EXPECT_EQ(FindSession(log, view, c.Text, c.From, c.Forward), c.Found) << c.Text << " from " << c.From;
     }

@@ -139,7 +139,7 @@ TEST_F(SessionStatisticsTest, ClassesAndWhatIsIncluded) {
         {false, true, false, 6, 6, {2, 0, 5, 0}, 0},
     };
     for (const Case& c : cases) {
-        const SessionsView view{SessionStat::MoneyNet, c.Won, c.Even, c.Lost, Money(c.BreakLow), Money(c.BreakHigh)};
+        const SessionsQuery view{SessionStat::MoneyNet, c.Won, c.Even, c.Lost, Money(c.BreakLow), Money(c.BreakHigh)};
         const SessionStatistics s = SumUpSessions(Log, view);
         EXPECT_THAT((std::vector<std::int64_t>{s.Won, s.Even, s.Lost, s.Included}),
                     testing::ElementsAreArray(c.Counts));
@@ -259,6 +259,21 @@ TEST_F(SessionStatisticsTest, Labels) {
     const SessionStatistics empty = SumUpSessions(LogOf(std::vector<currency>{}), {});
     EXPECT_EQ(texts(DistributionLabels(empty, 0)).front(), "Sum|");
     EXPECT_THAT(texts(ClassLabels(empty, {})), ElementsAre("Won|0 0%", "Broke-even|0 0%", "Lost|0 0%", "Total|0"));
+}
+
+TEST(ShownSessionsTest, FollowTheWindowsSettings) {
+    Table t;
+    SessionsQuery query = ShownSessions(t);
+    EXPECT_TRUE(query.Won && query.Even && query.Lost);
+    t.SessionsDisplay = 8 + 4;
+    t.SessionsStat = 99;
+    t.BreakLow = Money(5);
+    t.BreakHigh = Money(-5);
+    query = ShownSessions(t);
+    EXPECT_TRUE(query.Lost && !query.Won && !query.Even);
+    EXPECT_EQ(query.Stat, 31);
+    EXPECT_EQ(query.BreakLow, Money(-5));
+    EXPECT_EQ(query.BreakHigh, Money(5));
 }
 
 TEST(SessionStatNames, FollowTheRecord) {
