@@ -10,6 +10,7 @@
 #include "lab/convert.h"
 #include "lab/events.h"
 #include "lab/labtable.h"
+#include "lab/rollscli.h"
 #include "lab/run.h"
 #include "lab/sessions.h"
 #include "table/crapcnst.h"
@@ -246,11 +247,14 @@ int Main(int argc, char** argv) {
     AddSessions(*sessions, raw);
     CLI::App* events = app.add_subcommand("events", "Prints or searches an Events Log");
     AddEvents(*events, raw);
+    RollsCommandLine rolls;
+    rolls.Add(app);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? 0 : BadUsage;
     }
+    if (rolls.Parsed()) return rolls.Run();
     if (check->parsed()) return StartCheck(raw);
     if (convert->parsed()) return Convert(raw.OldScript, raw.NewScript);
     if (sessions->parsed()) return StartSessions(raw);
