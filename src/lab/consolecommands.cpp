@@ -434,8 +434,9 @@ constexpr Command Commands[] = {
     {"elements", "elements P", "the elements that a player's script is compiled to", 1, 1, DoElements},
     {"answer", "answer VALUE", "queues the answer to the next question", 1, Endless, DoAnswer},
     {"log", "log on|off", "prints the lines of the Events Log", 1, 1, DoLog},
-    {"events", "events on [FILE]|off|[TOP [COUNT]]|find TEXT|next|previous",
-     "keeps the Events Log, shows its lines, searches it", 0, Endless, DoEvents},
+    {"events", "events [OPTION...]",
+     "keeps the Events Log, shows and searches it; OPTIONs are on [FILE], off, TOP [COUNT], find TEXT, next, previous",
+     0, Endless, DoEvents},
     {"set", "set NAME VALUE", "changes a setting", 1, Endless, DoSet},
     {"new", "new [OPTION...]",
      "another session; OPTIONs are preserve-data, preserve-checkstacks, preserve-logs, drop-scripts, retain-dice-file "

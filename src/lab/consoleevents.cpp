@@ -98,14 +98,14 @@ ConsoleLog::ConsoleLog(Table& t) : ConsoleLog(t, std::make_unique<TemporaryFolde
 
 ConsoleLog::ConsoleLog(Table& t, std::unique_ptr<TemporaryFolder> folder)
     : TableLogs(folder->Path()), T(t), Folder(std::move(folder)) {
-    T.EventsLogFileName = DefaultEventsLogName;
+    T.EventsLogFileName.clear();
     T.Logs = this;
 }
 
 ConsoleLog::~ConsoleLog() {
     Flush(T);
     T.Logs = nullptr;
-    T.EventsLogFileName = DefaultEventsLogName;
+    T.EventsLogFileName.clear();
 }
 
 void RecordAllEvents(Table& t) {

@@ -24,7 +24,7 @@ inline void BeginLogBlock(Table& t) { t.EventsLogHeading.clear(); }
 
 /// The changes since the last roll, before the snapshot: scripts, bankrolls, bets, CheckStacks. Bets are compared with
 /// PrevBetAmount, what stood when the last roll began: a bet that the last roll resolved isn't told as removed, and
-/// what moved from a box is taken to have stood on its number.
+/// what moved from a box is taken to have stood on its number. Only rows that stand or were touched are looked at.
 void LogChangesSinceRoll(Table& t);
 /// The roll of Die1 and Die2, not yet counted, with its source (" from roll file").
 void LogRoll(Table& t, std::string_view source);
@@ -41,7 +41,8 @@ void LogBankrollResults(Table& t);
 void LogNextShooter(Table& t);
 
 /// Remember what LogChangesSinceRoll compares with: the working states before the scripts run, so that their calls are
-/// told, scripts and bankrolls after them. Needed while the log is on.
+/// told, scripts and bankrolls after them. Needed while the log is on. Of working states only those count of bets that
+/// stand or stood when the roll began.
 void RememberWorkingForLog(Table& t);
 void RememberForLog(Table& t);
 /// Turns the log on or off. What is remembered starts from the present state when it turns on; PrevBetAmount stays.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <utility>
 
 #include "files/codepage.h"
@@ -24,8 +25,19 @@ char LowerByte(char c) {
 
 void Lower(std::string& bytes) { std::transform(bytes.begin(), bytes.end(), bytes.begin(), LowerByte); }
 
+/// Whether all characters are printable ones of ASCII. Eight at a time: every line of a run comes by here.
 bool IsPlain(std::string_view text) {
-    return std::none_of(text.begin(), text.end(), [](char c) { return static_cast<std::uint8_t>(c) >= 0x80; });
+    constexpr std::uint64_t each = 0x0101010101010101u;
+    std::uint64_t odd = 0;
+    while (text.size() >= 8) {
+        std::uint64_t eight = 0;
+        std::memcpy(&eight, text.data(), 8);
+        // A byte below 20 borrows, one of 7F or above has or gets the top bit; a borrow can only add an odd one.
+        odd |= ((eight - each * 0x20) | (eight + each) | eight) & each * 0x80;
+        text.remove_prefix(8);
+    }
+    for (const char c : text) odd |= static_cast<std::uint64_t>(c < ' ' || c > '~');
+    return odd == 0;
 }
 
 /// Both locked, the reference first: every program takes them in this order.
@@ -60,14 +72,14 @@ std::string About(const std::string& path, const std::string& fault) {
 
 void EventsLogWriter::Collect(std::string_view line) {
     Starts.push_back(static_cast<std::int64_t>(Pending.size()));
-    const std::size_t begin = Pending.size();
     if (IsPlain(line)) {
         Pending += line;
     } else {
-        Pending += ToCodePage(line).Bytes;
-    }
-    for (std::size_t i = begin; i < Pending.size(); ++i) {
-        if (Pending[i] == '\r' || Pending[i] == '\n' || Pending[i] == '\0') Pending[i] = ' ';
+        std::string bytes = ToCodePage(line).Bytes;
+        for (char& c : bytes) {
+            if (c == '\r' || c == '\n' || c == '\0') c = ' ';
+        }
+        Pending += bytes;
     }
     Pending += LineEnd;
 }
@@ -112,7 +124,7 @@ void EventsLogWriter::KeepWhatFits(std::int64_t room, Written& written) {
 std::string EventsLogWriter::AppendToReference(std::int64_t start, Written& written) {
     std::string records;
     records.reserve(4 * Starts.size());
-    for (const std::int64_t line : Starts) records += ReferenceRecord(start + line);
+    for (const std::int64_t line : Starts) AppendReferenceRecord(records, start + line);
     written.FirstLine = ReferenceLines(Reference) + 1;
     std::string fault = About(Paths.Reference, Reference.WriteAt(Reference.Length(), records));
     Reference.TakeTimeOf(Log);

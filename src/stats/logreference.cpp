@@ -36,11 +36,11 @@ void WriteFirstBytesBack(SharedFile& log) {
 
 }  // namespace
 
-std::string ReferenceRecord(std::int64_t start) {
+void AppendReferenceRecord(std::string& records, std::int64_t start) {
     const auto number = static_cast<std::uint32_t>(start + 1);
-    std::string bytes;
-    for (int shift = 0; shift < 32; shift += 8) bytes += static_cast<char>(number >> shift & 0xFF);
-    return bytes;
+    std::array<char, RecordBytes> bytes{};
+    for (std::size_t i = 0; i < bytes.size(); ++i) bytes[i] = static_cast<char>(number >> 8 * i & 0xFF);
+    records.append(bytes.data(), bytes.size());
 }
 
 std::int32_t ReferenceLines(const SharedFile& reference) {
@@ -72,7 +72,7 @@ std::string RebuildReference(SharedFile& log, SharedFile& reference) {
     };
     LineStream lines(log);
     while (fault.empty() && lines.Next(line)) {
-        records += ReferenceRecord(lines.LineBegan());
+        AppendReferenceRecord(records, lines.LineBegan());
         if (records.size() >= BlockLength) write();
     }
     write();

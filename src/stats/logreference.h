@@ -32,8 +32,8 @@ std::int32_t ReferenceLines(const SharedFile& reference);
 /// Byte at which line n >= 1 begins, from 0; -1 when the reference has no such line or a place outside `log`.
 std::int64_t LineStart(const SharedFile& log, const SharedFile& reference, std::int32_t line);
 
-/// The bytes of a record.
-std::string ReferenceRecord(std::int64_t start);
+/// Adds the record of a line that begins at byte `start`, from 0.
+void AppendReferenceRecord(std::string& records, std::int64_t start);
 
 /// Reads a log line by line.
 class LineStream {

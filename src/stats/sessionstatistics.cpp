@@ -161,6 +161,18 @@ void FindMode(SessionStatistics& s) {
 
 }  // namespace
 
+SessionsQuery ShownSessions(const Table& t) {
+    constexpr std::int32_t won = 1, even = 2, lost = 4;
+    SessionsQuery query;
+    query.Stat = std::clamp(t.SessionsStat, 0, SessionStatCount - 1);
+    query.Won = (t.SessionsDisplay & won) != 0;
+    query.Even = (t.SessionsDisplay & even) != 0;
+    query.Lost = (t.SessionsDisplay & lost) != 0;
+    query.BreakLow = std::min(t.BreakLow, t.BreakHigh);
+    query.BreakHigh = std::max(t.BreakLow, t.BreakHigh);
+    return query;
+}
+
 SessionClass ClassOf(const SessionRecord& record, const SessionsQuery& view) {
     const currency net = record[SessionStat::MoneyNet];
     if (net < view.BreakLow) return SessionClass::Lost;

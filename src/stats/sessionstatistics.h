@@ -25,6 +25,9 @@ struct SessionsQuery {
     }
 };
 
+/// What the Sessions window of `t` is set to.
+SessionsQuery ShownSessions(const Table& t);
+
 SessionClass ClassOf(const SessionRecord& record, const SessionsQuery& view);
 
 /// A value or its distance from the mean in standard deviations; neither when not given. A value goes first.

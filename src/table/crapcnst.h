@@ -140,7 +140,6 @@ struct Table : Settings, DiceState, Statistics, DisplayState {
     bool PointMoving = false;          ///< the roll moved the point, and uncalled bets don't follow it yet
     std::string StopReason;
     std::string GameFolder;  ///< where files of a script that have no folder of their own lie; empty: the current one
-    std::string EventsLogFileName = "Events Log.txt";  ///< a relative one lies in the user's folder
     std::string EventsLogHeading;
     bool EventsLogStarted = false;  ///< a line was given to the log
 

@@ -110,6 +110,7 @@ TEST_F(EventsLogTest, BetsThatTheRollTookAreNotRemovedByThePlayer) {
 
 TEST_F(EventsLogTest, BeforeTheFirstRollNothingCountsAsDecided) {
     t.PrevBetAmount(1, Row::Field) = Dollars(5);
+    TouchBet(t, 1, Row::Field);
     EXPECT_THAT(Changes(), ElementsAre("    Bets:", "      Ann removed $5 bet on Field"));
 }
 

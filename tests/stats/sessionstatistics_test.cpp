@@ -261,6 +261,21 @@ TEST_F(SessionStatisticsTest, Labels) {
     EXPECT_THAT(texts(ClassLabels(empty, {})), ElementsAre("Won|0 0%", "Broke-even|0 0%", "Lost|0 0%", "Total|0"));
 }
 
+TEST(ShownSessionsTest, FollowTheWindowsSettings) {
+    Table t;
+    SessionsQuery query = ShownSessions(t);
+    EXPECT_TRUE(query.Won && query.Even && query.Lost);
+    t.SessionsDisplay = 8 + 4;
+    t.SessionsStat = 99;
+    t.BreakLow = Money(5);
+    t.BreakHigh = Money(-5);
+    query = ShownSessions(t);
+    EXPECT_TRUE(query.Lost && !query.Won && !query.Even);
+    EXPECT_EQ(query.Stat, 31);
+    EXPECT_EQ(query.BreakLow, Money(-5));
+    EXPECT_EQ(query.BreakHigh, Money(5));
+}
+
 TEST(SessionStatNames, FollowTheRecord) {
     EXPECT_EQ(SessionStatName(SessionStat::Rolls), "# Rolls");
     EXPECT_EQ(SessionStatName(SessionStat::Percent), "% Won or Lost (HA)");
