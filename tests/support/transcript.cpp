@@ -22,7 +22,7 @@ std::string HereDocumentEnd(const std::string& line) {
     if (at == std::string::npos) return {};
     std::string word;
     for (const char c : line.substr(at + 2)) {
-        if (c == ' ' || c == '|' || c == '>') break;
+        if (c == ' ' || c == ';' || c == '|' || c == '>') break;
         if (c != '\'') word += c;
     }
     return word;
