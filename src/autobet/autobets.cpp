@@ -104,8 +104,7 @@ bool AutoBets::Lower(const Table& t, Compiled& compiled, int& failedScript, Comp
 }
 
 bool AutoBets::CompileAll(Table& t) {
-    if (Current != nullptr && NamesAtStart == t.PlayerName) return true;
-    Drop();
+    if (Current != nullptr) return true;
     auto compiled = std::make_unique<Compiled>();
     const auto refuse = [&](int p) {
         ShowNote(t, "Auto-bet script error", ScriptErrorMessage(t.PlayerName[Seat(p)]));
@@ -122,7 +121,6 @@ bool AutoBets::CompileAll(Table& t) {
     CompileError error;
     if (!Lower(t, *compiled, failedScript, error)) return refuse(compiled->Checked[Seat(failedScript)].Slot);
     Current = std::move(compiled);
-    NamesAtStart = t.PlayerName;
     return true;
 }
 

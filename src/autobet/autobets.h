@@ -59,6 +59,7 @@ class AutoBets final : public ScriptHost {
     std::string NameRefusal(const Table& t, const std::string& name, int exceptPosition) override;
     bool OpenScript(Table& t, int p, const std::string& path) override;
     void SwapPositions(Table& t, int p, int q) override;
+    void NameChanged(Table& /*t*/) override { Drop(); }
 
     // --- running ---
 
@@ -103,9 +104,8 @@ class AutoBets final : public ScriptHost {
     bool Watches(const Table& t) const { return (StepsOn && !t.HyperDriveActive) || StatementLimit > 0; }
 
     std::array<std::vector<std::string>, Positions> Lines;
-    std::unique_ptr<Compiled> Current;                ///< null: to be compiled
-    std::array<std::string, Positions> NamesAtStart;  ///< the players' names that Current was compiled with
-    std::vector<std::unique_ptr<Compiled>> Retired;   ///< dropped during a run that may still be using them
+    std::unique_ptr<Compiled> Current;               ///< null: to be compiled
+    std::vector<std::unique_ptr<Compiled>> Retired;  ///< dropped during a run that may still be using them
     RunState State;
     Machine Engine;
     std::int64_t Statements = 0;

@@ -6,6 +6,7 @@
 #include <map>
 
 #include "autobet/compilation.h"
+#include "autobet/numbertext.h"
 #include "autobet/places.h"
 #include "autobet/text.h"
 
@@ -146,7 +147,7 @@ class Structure {
     }
 
     std::string NameOf(const Element& reference) const {
-        if (reference.Code == Code::Number) return GeneralFormat(reference.Value);
+        if (reference.Code == Code::Number) return GeneralNumber(reference.Value);
         return reference.Value > 0 ? C.Pool[static_cast<Index>(NumberOf(reference))].Text : std::string{};
     }
 

@@ -6,13 +6,14 @@
 #include <cstddef>
 #include <limits>
 
+#include "autobet/text.h"
+#include "files/codepage.h"
+
 namespace tarnwick {
 
 namespace {
 
 constexpr int SignificantDigits = 15;
-
-bool IsDigit(char c) { return '0' <= c && c <= '9'; }
 
 /// Digits d1 d2 .. of d1.d2.. * 10^exponent without zeros at the end.
 struct Decimal {
@@ -85,28 +86,6 @@ std::size_t CharacterLength(std::string_view text, std::size_t at) {
     return end - at;
 }
 
-/// Code page 1252 from 128 to 159; 0 where it has no character of its own.
-constexpr std::array<std::uint16_t, 32> HighCodes = {0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
-                                                     0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0,      0x017D, 0,
-                                                     0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
-                                                     0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
-
-std::uint32_t CodePoint(std::string_view character) {
-    const auto byte = [&](std::size_t i) {
-        return static_cast<std::uint32_t>(static_cast<unsigned char>(character[i]));
-    };
-    switch (character.size()) {
-        case 1:
-            return byte(0);
-        case 2:
-            return ((byte(0) & 0x1Fu) << 6) | (byte(1) & 0x3Fu);
-        case 3:
-            return ((byte(0) & 0x0Fu) << 12) | ((byte(1) & 0x3Fu) << 6) | (byte(2) & 0x3Fu);
-        default:
-            return 0x10000;
-    }
-}
-
 }  // namespace
 
 std::string GeneralNumber(double value) {
@@ -159,23 +138,13 @@ std::string_view Characters(std::string_view text, std::int32_t skip, std::int32
 }
 
 std::string CharacterOfCode(int code) {
-    std::uint32_t point = static_cast<std::uint32_t>(code) & 0xFFu;
-    if (128 <= code && code < 160 && HighCodes[static_cast<std::size_t>(code - 128)] != 0) {
-        point = HighCodes[static_cast<std::size_t>(code - 128)];
-    }
-    const auto byte = [](std::uint32_t n) { return static_cast<char>(static_cast<unsigned char>(n)); };
-    if (point < 0x80) return {byte(point)};
-    if (point < 0x800) return {byte(0xC0u | (point >> 6)), byte(0x80u | (point & 0x3Fu))};
-    return {byte(0xE0u | (point >> 12)), byte(0x80u | ((point >> 6) & 0x3Fu)), byte(0x80u | (point & 0x3Fu))};
+    const char byte = static_cast<char>(code);
+    return FromCodePage({&byte, 1});
 }
 
 int CodeOfCharacter(std::string_view text) {
     if (text.empty()) return 0;
-    const std::uint32_t point = CodePoint(text.substr(0, CharacterLength(text, 0)));
-    for (std::size_t i = 0; i < HighCodes.size(); ++i) {
-        if (HighCodes[i] == point && point != 0) return static_cast<int>(i) + 128;
-    }
-    return point < 256 ? static_cast<int>(point) : 63;
+    return static_cast<std::uint8_t>(ToCodePage(text.substr(0, CharacterLength(text, 0))).Bytes.front());
 }
 
 }  // namespace tarnwick

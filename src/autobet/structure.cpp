@@ -5,6 +5,7 @@
 #include "autobet/classes.h"
 #include "autobet/compilation.h"
 #include "autobet/names.h"
+#include "autobet/numbertext.h"
 #include "autobet/places.h"
 #include "autobet/text.h"
 
@@ -93,7 +94,7 @@ void FindLabels(Compilation& c) {
         const bool opensCondition = ahead.Code == Code::If || ahead.Code == Code::ElseIf;
         if (condition.IsOn() && opensCondition && i + 2 < list.size() && list[i + 2].Code == Code::Then) continue;
         if (list[i].Code == Code::Number) {
-            c.Pool.push_back({GeneralFormat(list[i].Value), static_cast<double>(i)});
+            c.Pool.push_back({GeneralNumber(list[i].Value), static_cast<double>(i)});
             list[i].Value = static_cast<double>(c.Pool.size() - 1);
         } else if (NumberOf(list[i]) > 0) {
             c.Pool[static_cast<std::size_t>(NumberOf(list[i]))].Value = static_cast<double>(i);

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <cmath>
-#include <cstdlib>
 
 namespace tarnwick {
 
@@ -111,34 +109,6 @@ std::optional<double> ReadNumber(std::string_view text) {
     const auto read = std::from_chars(digits.data(), end, value);
     if (read.ec != std::errc{} || read.ptr != end) return std::nullopt;
     return value;
-}
-
-std::string GeneralFormat(double value) {
-    if (value == 0) return "0";
-    if (std::isnan(value) || std::isinf(value)) return std::isnan(value) ? "NaN" : value < 0 ? "-Inf" : "Inf";
-    std::array<char, 40> buffer{};
-    const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::fabs(value),
-                                       std::chars_format::scientific, 14);
-    const std::string_view all(buffer.data(), static_cast<std::size_t>(written.ptr - buffer.data()));
-    const std::size_t e = all.find('e');
-    std::string digits;
-    for (const char c : all.substr(0, e)) {
-        if (c != '.') digits += c;
-    }
-    while (digits.size() > 1 && digits.back() == '0') digits.pop_back();
-    const int exponent = std::atoi(all.data() + e + 1);  // the buffer ends in zeros
-    std::string text = value < 0 ? "-" : "";
-    const int count = static_cast<int>(digits.size());
-    if (exponent < -15 || exponent >= 15) {
-        text += digits.substr(0, 1);
-        if (count > 1) text += "." + digits.substr(1);
-        const std::string power = std::to_string(std::abs(exponent));
-        return text + (exponent < 0 ? "E-" : "E+") + (power.size() < 2 ? "0" : "") + power;
-    }
-    if (exponent < 0) return text + "0." + std::string(static_cast<std::size_t>(-exponent - 1), '0') + digits;
-    if (count <= exponent + 1) return text + digits + std::string(static_cast<std::size_t>(exponent + 1 - count), '0');
-    const auto whole = static_cast<std::size_t>(exponent + 1);
-    return text + digits.substr(0, whole) + "." + digits.substr(whole);
 }
 
 }  // namespace tarnwick

@@ -28,8 +28,4 @@ bool ReplaceAll(std::string& text, std::string_view key, std::string_view value)
 /// is one that no double can hold.
 std::optional<double> ReadNumber(std::string_view text);
 
-/// General number format: up to 15 significant digits, plain from 1e-15 to below 1e15 and as 1.5E+20 beyond; a fraction
-/// starts with "0.", and minus zero is "0".
-std::string GeneralFormat(double value);
-
 }  // namespace tarnwick

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "autobet/element.h"
+#include "autobet/numbertext.h"
 #include "autobet/text.h"
 
 namespace tarnwick {
@@ -76,7 +77,7 @@ void TidyNumber(std::string& word) {
     const bool comma = word.size() > 1 && word.back() == ',';
     const auto number = ReadNumber(std::string_view(word).substr(0, word.size() - (comma ? 1 : 0)));
     if (!number) return;
-    const std::string plain = GeneralFormat(*number);
+    const std::string plain = GeneralNumber(*number);
     if (plain.find('E') == std::string::npos) word = plain + (comma ? "," : "");
 }
 

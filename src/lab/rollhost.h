@@ -26,6 +26,9 @@ class RollHost : public ScriptHost {
     void SwapPositions(Table& t, int p, int q) override {
         if (Behind != nullptr) Behind->SwapPositions(t, p, q);
     }
+    void NameChanged(Table& t) override {
+        if (Behind != nullptr) Behind->NameChanged(t);
+    }
 
   protected:
     virtual void AfterRoll() = 0;

@@ -39,6 +39,8 @@ struct ScriptHost {
     virtual bool OpenScript(Table& /*t*/, int /*p*/, const std::string& /*path*/) { return false; }
     /// Positions p and q change places; q 0: the script of p leaves with its player.
     virtual void SwapPositions(Table& t, int p, int q) = 0;
+    /// A player has another name than when the scripts were compiled.
+    virtual void NameChanged(Table& t) = 0;
 };
 
 constexpr currency BankrollLimit = Dollars(9'999'999);

@@ -277,6 +277,7 @@ std::string RenamePlayer(Table& t, int p, const std::string& givenName) {
     if (std::string refusal = NameRefusal(t, name, p); !refusal.empty()) return refusal;
     const std::string old = t.PlayerName[At(p)];
     t.PlayerName[At(p)] = name;
+    if (t.Scripts != nullptr) t.Scripts->NameChanged(t);
     t.GameChanged = true;
     LogRenamed(t, old, t.PlayerName[At(p)]);
     Redraw(t);

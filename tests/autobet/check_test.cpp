@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "autobet/checkscript.h"
+#include "autobet/numbertext.h"
 #include "autobet/scripts.h"
 #include "autobet/text.h"
 
@@ -20,7 +21,7 @@ class Shown {
         const std::string op = std::to_string(n.Op);
         switch (n.Kind) {
             case NodeKind::Number:
-                return GeneralFormat(n.Number);
+                return GeneralNumber(n.Number);
             case NodeKind::Text:
                 return n.A > 0 ? "'" + C.Pool[static_cast<std::size_t>(n.A)].Text + "'" : "S" + std::to_string(n.A);
             case NodeKind::Variable:
@@ -84,7 +85,7 @@ class Shown {
         out += r.PlayerNode != NoNode ? "P(" + Node(r.PlayerNode) + ")" : "P" + std::to_string(r.Player);
         if (r.Scope != 0) out += "H" + std::to_string(r.Scope);
         if (r.Result != 0) out += "X" + std::to_string(r.Result);
-        if (r.Statistic != 0) out += "Y" + GeneralFormat(r.Statistic);
+        if (r.Statistic != 0) out += "Y" + GeneralNumber(r.Statistic);
         return out;
     }
 

@@ -225,6 +225,23 @@ TEST(ScriptRuns, ScriptsMoveAndLeaveWithTheirPlayers) {
     s.Scripts.RunAll(s.T);
 }
 
+TEST(ScriptRuns, ARenamedPlayerIsKnownByTheNewNameOnly) {
+    ScriptTable s(2);
+    const auto play = [&s](const char* name) {
+        s.Scripts.SetScript(s.T, 1, {std::string("cs1 = ") + name + " bankroll"}, "");
+        return s.Scripts.SetActive(s.T, 1, true);
+    };
+    ASSERT_TRUE(play("bob"));
+    s.Roll(1, 2);
+    EXPECT_EQ(Stack(s, 1), 1000);
+    EXPECT_EQ(RenamePlayer(s.T, 2, "Zoe"), "");
+    s.Screen.Shown.clear();
+    s.Roll(1, 2);
+    ASSERT_FALSE(s.Screen.Shown.empty());
+    EXPECT_EQ(s.Screen.Shown.back().Title, "Auto-bet script error");
+    EXPECT_TRUE(play("zoe"));
+}
+
 TEST(ScriptRuns, UnattendedPlayKeepsMoneyTrueAndStopsByScript) {
     ScriptTable s;
     s.T.WinnerHandling[1] = 1;

@@ -63,6 +63,7 @@ class CountingHost final : public ScriptHost {
         return Behind.NameRefusal(t, name, exceptPosition);
     }
     void SwapPositions(Table& t, int p, int q) override { Behind.SwapPositions(t, p, q); }
+    void NameChanged(Table& t) override { Behind.NameChanged(t); }
 
     int Rolls = 0;
 

@@ -2,7 +2,7 @@
 
 #include <map>
 
-#include "autobet/text.h"
+#include "autobet/numbertext.h"
 
 namespace tarnwick::test {
 
@@ -34,7 +34,7 @@ std::string Print(const Compilation& c, bool places) {
             continue;
         }
         out += Sign(e.Code);
-        if (e.Code < 0) out += GeneralFormat(e.Value);
+        if (e.Code < 0) out += GeneralNumber(e.Value);
     }
     return out;
 }

@@ -7,30 +7,6 @@
 namespace tarnwick {
 namespace {
 
-TEST(Text, GeneralFormatHasFifteenDigitsAndNoExponentInTheMiddle) {
-    const std::pair<double, const char*> cases[] = {
-        {0, "0"},
-        {-0.0, "0"},
-        {5.50, "5.5"},
-        {-12.25, "-12.25"},
-        {0.1, "0.1"},
-        {.5, "0.5"},
-        {1.0 / 3, "0.333333333333333"},
-        {2.0 / 3, "0.666666666666667"},
-        {100, "100"},
-        {999999999999999.0, "999999999999999"},
-        {1e15, "1E+15"},
-        {1e20, "1E+20"},
-        {123456789012345678.0, "1.23456789012346E+17"},
-        {0.1 + 0.2, "0.3"},
-        {1e-15, "0.000000000000001"},
-        {9.5e-16, "9.5E-16"},
-        {1.5e300, "1.5E+300"},
-        {999999999999999.96, "1E+15"},
-    };
-    for (const auto& [value, text] : cases) EXPECT_EQ(GeneralFormat(value), text);
-}
-
 TEST(Text, ReadNumberTakesNumbersAndNothingElse) {
     const std::pair<const char*, double> numbers[] = {{"5", 5},      {"010", 10},   {".5", .5},
                                                       {"5.", 5},     {"+5", 5},     {"-5.25", -5.25},

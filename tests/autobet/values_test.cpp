@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 
 #include "autobet/functions.h"
 #include "autobet/numbertext.h"
@@ -329,7 +330,7 @@ TEST(ScriptFunctions, InputAsksAndReturnsWhatWasTyped) {
     EXPECT_EQ(s.Worth("input()"), 0);
 }
 
-TEST(NumberText, GeneralFormat) {
+TEST(NumberText, GeneralNumberHasFifteenDigitsAndNoExponentInTheMiddle) {
     struct Case {
         double value;
         const char* text;
@@ -348,7 +349,13 @@ TEST(NumberText, GeneralFormat) {
                           {1e300, "1E+300"},
                           {0.1, "0.1"},
                           {100, "100"},
-                          {999999999999999.0, "999999999999999"}};
+                          {1.0 / 3, "0.333333333333333"},
+                          {2.0 / 3, "0.666666666666667"},
+                          {0.1 + 0.2, "0.3"},
+                          {9.5e-16, "9.5E-16"},
+                          {999999999999999.96, "1E+15"},
+                          {999999999999999.0, "999999999999999"},
+                          {-std::numeric_limits<double>::infinity(), "-Infinity"}};
     for (const Case& c : cases) EXPECT_EQ(GeneralNumber(c.value), c.text);
     for (const double value : {1.25, -0.001, 123456.75, 4e20}) EXPECT_EQ(NumberAtStart(GeneralNumber(value)), value);
     EXPECT_TRUE(std::isinf(NumberAtStart("1e999")));

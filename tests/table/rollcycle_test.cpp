@@ -450,6 +450,7 @@ struct CountingScripts : ScriptHost {
     }
     std::string NameRefusal(const Table&, const std::string&, int) override { return {}; }
     void SwapPositions(Table&, int, int) override {}
+    void NameChanged(Table&) override {}
 };
 
 TEST_F(RollCycleTest, ScriptsBetForTheNextRoll) {
