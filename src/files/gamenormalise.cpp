@@ -39,19 +39,20 @@ struct CellFixer {
         if (limited) value = std::clamp(value, Row.Low, Row.High);
         return limited && (value - Row.Low) % Row.Step != 0 ? standard : value;
     }
+    void Fix(currency& value, currency standard) const {
+        value.TenThousandths = Fixed(value.TenThousandths, standard.TenThousandths);
+    }
     void operator()(std::monostate) const {}
     void operator()(bool*) const {}
     void operator()(std::int32_t* value) const {
         *value = static_cast<std::int32_t>(Fixed(*value, *std::get<std::int32_t*>(Default)));
     }
-    void operator()(currency* value) const {
-        value->TenThousandths = Fixed(value->TenThousandths, std::get<currency*>(Default)->TenThousandths);
-    }
+    void operator()(currency* value) const { Fix(*value, *std::get<currency*>(Default)); }
+    void operator()(RateCell rate) const { Fix(*rate.Value, *std::get<RateCell>(Default).Value); }
     void operator()(double* value) const {
         *value = ToDouble(
             {Fixed(ToCurrency(*value).TenThousandths, ToCurrency(*std::get<double*>(Default)).TenThousandths)});
     }
-    void operator()(RateCell rate) const { (*this)(rate.Value); }
     void operator()(PayoffEntry* payoff) const {
         constexpr currency most = Dollars(9'999'999);
         const PayoffEntry& standard = *std::get<PayoffEntry*>(Default);
@@ -135,6 +136,12 @@ currency SoundAmount(currency amount, int row) {
     return IsStack(row) ? std::clamp(amount, -MostStack, MostStack) : currency{};
 }
 
+/// What goes with the six bets from `row` on is gone with them.
+void FixBesideBets(std::array<currency, 6>& cells, const Table& t, int p, int row) {
+    for (currency& cell : cells)
+        cell = IsZero(t.BetAmount(p, row++)) ? currency{} : std::clamp(cell, currency{}, MostBet);
+}
+
 void SetCells(Table& t, const PlayerImage& player, int p) {
     for (int row = 1; row <= Row::LastRow; ++row) {
         SetBetAmount(t, p, row, SoundAmount(player.BetAmount[At(row)], row));
@@ -148,9 +155,9 @@ void SetCells(Table& t, const PlayerImage& player, int p) {
         Clamp(t.BetStreak(p, row), -MostStreak, MostStreak);
         Clamp(t.PrevBetStreak(p, row), -MostStreak, MostStreak);
     }
-    for (auto* cells : {&t.BuyVigCharged, &t.LayVigCharged, &t.ComeFlatNow}) {
-        for (currency& cell : (*cells)[At(p)]) Clamp(cell, currency{}, MostBet);
-    }
+    FixBesideBets(t.BuyVigCharged[At(p)], t, p, Row::Buy4);
+    FixBesideBets(t.LayVigCharged[At(p)], t, p, Row::Lay4);
+    FixBesideBets(t.ComeFlatNow[At(p)], t, p, Row::Come4);
     t.PrevBankroll[At(p)] = std::clamp(player.PrevBetAmount[0], -MostBankroll, MostBankroll);
     t.PrevScriptOn[At(p)] = false;
 }

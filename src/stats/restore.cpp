@@ -1,7 +1,6 @@
 #include "stats/restore.h"
 
 #include <algorithm>
-#include <limits>
 
 #include "stats/accumulators.h"
 #include "stats/bankrollgraph.h"
@@ -169,6 +168,8 @@ void SetHand(Table& t, const PlainFigures& f) {
 // --- bets ---
 
 BetSide SideFrom(const std::array<currency, 6>& stats) {
+    // A side that counts nothing has nothing.
+    if (stats[0] < Dollars(1)) return {};
     const auto whole = [](currency n) { return NotBelow0(n.TenThousandths / CurrencyScale); };
     return {whole(stats[0]),
             stats[1].TenThousandths,
@@ -183,8 +184,7 @@ BetSide Without(const BetSide& all, const BetSide& session) {
     BetSide rest = all;
     rest.Count = NotBelow0(all.Count - session.Count);
     if (rest.Count == 0) return {};
-    rest.Sum = SaturatedSum({all.Sum}, {session.Sum == std::numeric_limits<std::int64_t>::min() ? 0 : -session.Sum})
-                   .TenThousandths;
+    rest.Sum = Saturate(static_cast<int128>(all.Sum) - session.Sum);
     return rest;
 }
 
@@ -214,9 +214,7 @@ void SetBets(Table& t, int p, const PlainPlayerFigures& f) {
         for (std::size_t scope = 0; scope < books.size(); ++scope) Store(*books[scope], p, row, figures[scope]);
         const BetFigures& all = figures[Scope::All];
         const BetFigures& session = figures[Scope::Session];
-        const std::int64_t comeFlat = session.ComeFlat == std::numeric_limits<std::int64_t>::min()
-                                          ? 0
-                                          : SaturatedAdd(all.ComeFlat, -session.ComeFlat);
+        const std::int64_t comeFlat = Saturate(static_cast<int128>(all.ComeFlat) - session.ComeFlat);
         Store(t.AllBook, p, row,
               {Without(all.Wagers, session.Wagers), Without(all.Wins, session.Wins),
                Without(all.Losses, session.Losses), comeFlat});

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 #include "config/configure.h"
 #include "stats/accumulators.h"
@@ -40,6 +41,7 @@ inline void SeatFullPlayers(Table& t, int count) {
         t.WinnerHandling[FullAt(p)] = 1 + p % 5;
         t.LoserHandling[FullAt(p)] = 1 + p % 3;
         t.BankrollStartRule[FullAt(p)] = 2;
+        SetComeOutWorking(t, p, 33 + p % 3, true);
         t.AutoTakeFullOdds[FullAt(p)] = p % 2 == 0;
         t.AutoLayFullOdds[FullAt(p)] = p % 3 == 0;
         t.AutoDownPlaceBets[FullAt(p)] = p == 4;
@@ -84,78 +86,33 @@ inline void PlayRolls(Table& t, TestDice& dice, int rolls) {
     for (int i = 0; i < rolls; ++i) {
         if (dice.Pick(1, 3) == 1) BetHereAndThere(t, dice);
         PadRoll(t, dice.Pick(1, 6), dice.Pick(1, 6));
-        if (dice.Pick(1, 50) == 1) AtmTransaction(t, dice.Pick(1, 8), Dollars(dice.Pick(-40, 90)));
+        const int p = dice.Pick(1, 8);
+        const currency amount = Dollars(dice.Pick(-40, 90));
+        if (dice.Pick(1, 50) == 1 && IsSeated(t, p)) AtmTransaction(t, p, amount);
     }
 }
 
 /// Settings, windows and views, each to a sound value that is none of the defaults.
 inline void ChangeEverySetting(Table& t) {
-    for (const char* setting : {"CheckDenominations=2,10,50,100,1000",
-                                "UseCentsSymbol=no",
-                                "AutoArrangeChips=no",
-                                "DiceAction=1",
-                                "RollsPerHour=144.5",
-                                "RollRateUnit=3",
-                                "DieFacePicture=3",
-                                "CheckPicture=2",
-                                "TableColors[7]=123456",
-                                "TableColorOptions[1]=4",
-                                "SpotlightLevel=2",
-                                "CompRate=12.5",
-                                "DisableAllSound=yes",
-                                "DisableAutoBetSounds=yes",
-                                "StickPersonIndex=1",
-                                "DiceSoundIndex=2",
-                                "CheckSoundIndex=3",
-                                "WinSoundIndex=4",
-                                "UserSeedOn=yes",
-                                "ReSeedNewSessions=no",
-                                "LastSeed=4711",
-                                "NotifyBits=0",
-                                "SnapMouse=no",
-                                "PrintColors[1]=7",
-                                "MinPlacardBet=2",
-                                "MinPlacardPropBet=2",
-                                "MaxPlacardBet=2000",
-                                "MaxPropBetPayoff=4000",
-                                "MaxOddsBet=5000",
-                                "OddsAllowed410=3",
-                                "OddsAllowed59=4",
-                                "OddsAllowed68=5",
-                                "OddsCalcMethod=2",
-                                "ShooterBetRequirement=0",
-                                "BarDont=2",
-                                "AllowPutBets=no",
-                                "ReturnAbandonedBets=yes",
-                                "MaxFireBet=10",
-                                "LayVigRate=0.04",
-                                "LayVigOnAllBets=no",
-                                "LayVigRounding=1",
-                                "BuyVigRate=0.06",
-                                "BuyVigRounding=2",
-                                "ComeOutWorking[0][31]=yes",
-                                "ComeOutWorking[2][33]=yes",
-                                "Payoff[31]=2 to 1",
-                                "FieldPayoff[1]=3 to 1",
-                                "SevenPointSevenPayoff[1]=4 to 1",
-                                "MidwayPayoff[2]=2 to 1",
-                                "FirePayoff[4]=30 to 1",
-                                "ProbabilityDisplayMode=1",
-                                "RollsOutOf=360",
-                                "HyperThrottle=3",
-                                "AutoRollDelay=2.5",
-                                "AutoStopRolls=77",
-                                "RecordRolls=no",
-                                "RecordBetChanges=no",
-                                "RecordBetsWon=no",
-                                "RecordBetsLost=no",
-                                "RecordCheckStackChanges=no",
-                                "RecordPassesMisses=no",
-                                "RecordShooterChanges=no",
-                                "RecordBankrollChanges=no",
-                                "ClearLogOnNewSession=yes",
-                                "KeepLatestRollOnTop=no"}) {
-        const std::string text = setting;
+    constexpr std::string_view settings =
+        "MinPlacardBet=2;MinPlacardPropBet=2;CheckDenominations=2,10,50,100,1000;UseCentsSymbol=no;"
+        "AutoArrangeChips=no;DiceAction=1;RollsPerHour=144.5;RollRateUnit=3;DieFacePicture=3;CheckPicture=2;"
+        "TableColors[7]=123456;TableColorOptions[1]=4;SpotlightLevel=2;CompRate=12.5;DisableAllSound=yes;"
+        "DisableAutoBetSounds=yes;StickPersonIndex=1;DiceSoundIndex=2;CheckSoundIndex=3;WinSoundIndex=4;"
+        "UserSeedOn=yes;ReSeedNewSessions=no;LastSeed=4711;NotifyBits=0;SnapMouse=no;PrintColors[1]=7;"
+        "MaxPlacardBet=2000;MaxPropBetPayoff=4000;MaxOddsBet=5000;OddsAllowed410=3;OddsAllowed59=4;"
+        "OddsAllowed68=5;OddsCalcMethod=2;ShooterBetRequirement=0;BarDont=2;AllowPutBets=no;"
+        "ReturnAbandonedBets=yes;MaxFireBet=10;LayVigRate=0.04;LayVigOnAllBets=no;LayVigRounding=1;"
+        "BuyVigRate=0.06;BuyVigRounding=2;ComeOutWorking[31]=yes;"
+        "Payoff[31]=2 to 1;FieldPayoff[1]=3 to 1;SevenPointSevenPayoff[1]=4 to 1;MidwayPayoff[2]=2 to 1;"
+        "FirePayoff[4]=30 to 1;ProbabilityDisplayMode=1;RollsOutOf=360;HyperThrottle=3;AutoRollDelay=2.5;"
+        "AutoStopRolls=77;RecordRolls=no;RecordBetChanges=no;RecordBetsWon=no;RecordBetsLost=no;"
+        "RecordCheckStackChanges=no;RecordPassesMisses=no;RecordShooterChanges=no;RecordBankrollChanges=no;"
+        "ClearLogOnNewSession=yes;KeepLatestRollOnTop=no;";
+    for (std::size_t at = 0; at < settings.size();) {
+        const std::size_t end = settings.find(';', at);
+        const std::string text(settings.substr(at, end - at));
+        at = end + 1;
         const std::size_t equals = text.find('=');
         const std::string fault = SetSetting(t, text.substr(0, equals), text.substr(equals + 1));
         if (!fault.empty()) throw std::runtime_error(text + ": " + fault);
