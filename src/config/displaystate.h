@@ -146,7 +146,6 @@ struct CheckStacksView {
 // --- logs ---
 
 struct EventsLogView {
-    std::string EventsLogFileName;  ///< path; empty: "Events Log.txt" in the user's folder
     std::int32_t EventsLogTopLine = 1;
     std::int32_t EventsLogLineCount = 0;  ///< lines when the log was last shown
     std::int32_t EventsLogFontSize = FontSize::Normal;

@@ -8,6 +8,7 @@
 #include "files/atomicfile.h"
 #include "files/gameimage.h"
 #include "files/paths.h"
+#include "stats/sessionslog.h"
 #include "table/format.h"
 #include "table/messages.h"
 
@@ -22,22 +23,15 @@ constexpr int EndOfFile = 62;
 
 bool IsDefaultGame(const std::string& path) { return LowerCase(ShortName(path)) == DefaultGameName; }
 
-std::string DefaultSessionsLog(const Table& t, int p) {
-    std::string file = LowerCase(t.PlayerName[At(p)]) + ".slg";
-    for (char& c : file) {
-        if (std::string_view("\\/:*?\"<>|").find(c) != std::string_view::npos) c = '_';
-    }
-    return file;
-}
-
 // --- saving ---
 
 /// The links of the image with the dates of their files; those that are gone are left out where the format says so.
 /// Returns what is wrong, or nothing.
 std::string LinkFiles(const Table& t, GameImage& image, const std::string& path, const GameHost& host) {
     image.DiceFile.Date = FileDateText(image.DiceFile.Name);
-    image.EventsLog.Date = FileDateText(image.EventsLog.Name);
-    if (!FileExists(image.EventsLog.Name)) image.EventsLog = {};
+    const std::string log = PathIn(host.UserPath, image.EventsLog.Name);
+    image.EventsLog.Date = FileDateText(log);
+    if (!FileExists(log)) image.EventsLog = {};
     for (PlayerImage& player : image.Players) player.Script.Date = FileDateText(player.Script.Name);
     std::string fault;
     if (t.ProbabilitiesChanged) {
@@ -132,10 +126,12 @@ void LinkProbabilities(Table& t, const GameImage& image, const GameHost& host) {
     }
 }
 
-void LinkEventsLog(Table& t) {
-    if (t.EventsLogFileName.empty() || FileExists(t.EventsLogFileName)) return;
-    TellLink(t, "Events Log", "was not found.", t.EventsLogFileName, "Missing Events Log");
-    t.EventsLogFileName.clear();
+void LinkEventsLog(Table& t, const GameHost& host) {
+    std::string& log = t.EventsLogFileName;
+    const std::string path = PathIn(host.UserPath, log);
+    if (!log.empty() && FileExists(path)) return;
+    if (!log.empty()) TellLink(t, "Events Log", "was not found.", path, "Missing Events Log");
+    log = DefaultEventsLogName;
 }
 
 void DropScript(Table& t, int p) {
@@ -168,7 +164,7 @@ void LinkScript(Table& t, int p, const FileLink& link) {
 void LinkSessionsLog(Table& t, int p, const GameHost& host) {
     std::string& log = t.SessionsLogName[At(p)];
     const std::string path = PathIn(host.UserPath, log);
-    const std::string standard = DefaultSessionsLog(t, p);
+    const std::string standard = DefaultSessionsLogName(t.PlayerName[At(p)]);
     const std::string standardPath = PathIn(host.UserPath, standard);
     if (log.empty()) log = standard;
     if (FileExists(path) || path == standardPath || path.empty()) return;
@@ -185,6 +181,7 @@ void LinkSessionsLog(Table& t, int p, const GameHost& host) {
 void KeepProgram(Table& staged, Table& t, bool isDefault) {
     staged.Front = t.Front;
     staged.Scripts = t.Scripts;
+    staged.Logs = t.Logs;
     staged.GraphWindowOpen = t.GraphWindowOpen;
     staged.RunUntilRoll = t.RunUntilRoll;
     if (!isDefault) return;
@@ -194,13 +191,14 @@ void KeepProgram(Table& staged, Table& t, bool isDefault) {
 
 void TakeOver(Table& t, GameImage& image, const std::string& path, const GameHost& host) {
     CloseDiceRollFile(t);
+    if (t.Logs != nullptr) t.Logs->Serve(t);  // what is collected belongs to the log that was
     for (int p = 1; image.PlayersRead && p < Positions; ++p) DropScript(t, p);
     Table& staged = TableOfImage(image);
     KeepProgram(staged, t, IsDefaultGame(path));
     t = staged;
     const bool rewind = LinkDiceFile(t, image);
     LinkProbabilities(t, image, host);
-    LinkEventsLog(t);
+    LinkEventsLog(t, host);
     for (int p = 1; p < Positions; ++p) {
         if (!IsSeated(t, p) || !image.PlayersRead) continue;
         LinkScript(t, p, image.Players[At(p)].Script);

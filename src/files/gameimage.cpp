@@ -53,6 +53,7 @@ GameImage ImageOf(const Table& t) {
     image.T = std::make_unique<Table>(t);
     image.T->Front = nullptr;
     image.T->Scripts = nullptr;
+    image.T->Logs = nullptr;
     image.Figures = FiguresOf(t);
     image.Header = GameFileTitle;
     image.HeaderExt = ExtensionMark;

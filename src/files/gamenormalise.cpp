@@ -19,13 +19,19 @@ namespace {
 
 std::size_t At(int i) { return static_cast<std::size_t>(i); }
 
+// Beyond what any game comes to. What is more than a hundred times as much becomes this; so what play adds to it stays.
 constexpr currency MostBet = Dollars(999'999'999);
-constexpr currency MostBankroll = Dollars(99'999'999'999);
+constexpr currency MostBankroll = Dollars(9'999'999'999);
 constexpr currency MostStack = {999'999'999'999'999'999};  // 99,999,999,999,999.9999
 constexpr std::int32_t MostStreak = 1'000'000'000;
 
 void Clamp(std::int32_t& value, std::int32_t low, std::int32_t high) { value = std::clamp(value, low, high); }
 void Clamp(currency& value, currency low, currency high) { value = std::clamp(value, low, high); }
+
+/// Money of a game, within +-`most` or near it.
+currency SoundMoney(currency value, currency most) {
+    return value > most * 100 ? most : value < most * -100 ? -most : value;
+}
 
 // --- settings ---
 
@@ -132,14 +138,14 @@ void FixPlay(Table& t) {
 // --- bets ---
 
 currency SoundAmount(currency amount, int row) {
-    if (IsLayoutRow(row)) return std::clamp(amount, currency{}, MostBet);
+    if (IsLayoutRow(row)) return std::max(SoundMoney(amount, MostBet), currency{});
     return IsStack(row) ? std::clamp(amount, -MostStack, MostStack) : currency{};
 }
 
 /// What goes with the six bets from `row` on is gone with them.
 void FixBesideBets(std::array<currency, 6>& cells, const Table& t, int p, int row) {
     for (currency& cell : cells)
-        cell = IsZero(t.BetAmount(p, row++)) ? currency{} : std::clamp(cell, currency{}, MostBet);
+        cell = IsZero(t.BetAmount(p, row++)) ? currency{} : std::max(SoundMoney(cell, MostBet), currency{});
 }
 
 void SetCells(Table& t, const PlayerImage& player, int p) {
@@ -158,7 +164,7 @@ void SetCells(Table& t, const PlayerImage& player, int p) {
     FixBesideBets(t.BuyVigCharged[At(p)], t, p, Row::Buy4);
     FixBesideBets(t.LayVigCharged[At(p)], t, p, Row::Lay4);
     FixBesideBets(t.ComeFlatNow[At(p)], t, p, Row::Come4);
-    t.PrevBankroll[At(p)] = std::clamp(player.PrevBetAmount[0], -MostBankroll, MostBankroll);
+    t.PrevBankroll[At(p)] = SoundMoney(player.PrevBetAmount[0], MostBankroll);
     t.PrevScriptOn[At(p)] = false;
 }
 
@@ -189,12 +195,12 @@ void FixSeat(Table& t, const GameImage& image, int p) {
     t.PrevScriptOn[i] = IsSeated(t, p) && ((image.PrevAutoBetOnMask >> p) & 1) != 0;
     t.ScriptName[i] = image.Players[i].Script.Name;
     if (!IsSeated(t, p)) t.ScriptOn[i] = false;
-    Clamp(t.BankrollInvested[i], -MostBankroll, MostBankroll);
+    t.BankrollInvested[i] = SoundMoney(t.BankrollInvested[i], MostBankroll);
 }
 
 void FixMoney(Table& t) {
     for (auto* figures : {&t.Bankroll, &t.BankrollBegin, &t.BankrollHigh, &t.BankrollLow}) {
-        for (currency& amount : *figures) Clamp(amount, -MostBankroll, MostBankroll);
+        for (currency& amount : *figures) amount = SoundMoney(amount, MostBankroll);
     }
     for (std::size_t p = 0; p < Positions; ++p) {
         t.Bankroll[p + 18] = t.Bankroll[p + 36] = t.Bankroll[p];
@@ -219,7 +225,7 @@ void FixGraph(Table& t) {
     for (currency* scale : {&t.GraphScale, &t.GraphBaseScale}) {
         if (!IsGraphScale(*scale)) *scale = Dollars(1);
     }
-    Clamp(t.GraphTop, -MostBankroll, MostBankroll);
+    t.GraphTop = SoundMoney(t.GraphTop, MostBankroll);
     Clamp(t.GraphPlotType, 0, 1);
     Clamp(t.GraphAdjustType, 0, 3);
     Clamp(t.GraphStyle, 0, 2);

@@ -205,7 +205,7 @@ TEST_F(GameLinks, LogsAndProbabilitiesThatAreGoneAreTold) {
                             "was not found.\n\n" +
                                 Path("events.txt"),
                             sessions + "new Sessions Log will be created and opened instead:\n\n" + Path("ada.slg")));
-    EXPECT_EQ(t.EventsLogFileName, "");
+    EXPECT_EQ(t.EventsLogFileName, "Events Log.txt");
     EXPECT_EQ(t.SessionsLogName[2], "ada.slg");
 
     Folder.Write("ada.slg", "log");
