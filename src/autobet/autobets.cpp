@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "autobet/checkscript.h"
+#include "autobet/scriptfile.h"
 #include "autobet/translate.h"
 #include "table/messages.h"
 #include "table/screen.h"
@@ -65,6 +66,11 @@ void AutoBets::Drop() {
     if (Current == nullptr) return;
     if (InRun) Retired.push_back(std::move(Current));
     Current.reset();
+}
+
+bool AutoBets::OpenScript(Table& t, int p, const std::string& path) {
+    ScriptText script;
+    return ReadScriptFile(path, script).empty() && SetScript(t, p, std::move(script.Lines), path);
 }
 
 void AutoBets::SwapPositions(Table& /*t*/, int p, int q) {

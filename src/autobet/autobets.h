@@ -57,6 +57,7 @@ class AutoBets final : public ScriptHost {
     bool CompileAll(Table& t) override;
     void RunAll(Table& t) override;
     std::string NameRefusal(const Table& t, const std::string& name, int exceptPosition) override;
+    bool OpenScript(Table& t, int p, const std::string& path) override;
     void SwapPositions(Table& t, int p, int q) override;
     void NameChanged(Table& /*t*/) override { Drop(); }
 

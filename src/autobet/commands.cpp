@@ -117,11 +117,16 @@ bool PlayFile(RunState& run, const std::string& name) {
 bool OpenOutput(RunState& run, const std::string& name, bool clear) {
     const std::string path = PathInFolder(run.Game->GameFolder, name);
     if (path.empty()) return Refuse(run, "The output file must lie in the game folder.");
-    if (run.Outputs.Open(run.RunningPlayer, path, clear)) return true;
-    return Refuse(run, "Unable to open the output file.");
+    if (!run.Outputs.Open(run.RunningPlayer, path, clear)) return Refuse(run, "Unable to open the output file.");
+    run.Game->ScriptOutputFile[static_cast<std::size_t>(run.RunningPlayer)] = name;
+    return true;
 }
 
 bool WriteOutput(RunState& run, const ScriptValue& value) {
+    // A game that was opened goes on writing where it did.
+    const std::string& file = run.Game->ScriptOutputFile[static_cast<std::size_t>(run.RunningPlayer)];
+    const bool again = !run.Outputs.IsOpen(run.RunningPlayer) && !file.empty();
+    if (again) run.Outputs.Open(run.RunningPlayer, PathInFolder(run.Game->GameFolder, file), false);
     if (!run.Outputs.IsOpen(run.RunningPlayer)) return Refuse(run, "Output file not open.");
     const std::string text = TextOfValue(value);
     run.Outputs.Write(run.RunningPlayer, text == "\t" ? text : text + "\n");

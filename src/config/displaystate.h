@@ -76,7 +76,7 @@ struct TableView {
     double TableCos = 1;                                      ///< of TableAngle, not saved
     double TableSin = 0;                                      ///< of TableAngle, not saved
     double TableScale = 1000.0 / 1248.0;                      ///< TableWidth over the table's own width, not saved
-    bool TableIsPlaced = false;                               ///< false: to be centred when it is next drawn; not saved
+    bool CentreTable = false;                                 ///< to be centred when it is next drawn; not saved
     std::array<std::array<std::int32_t, 4>, 10> SavedView{};  ///< width (0: empty), angle, TableOffsetX, TableOffsetY
     bool AutoSizeTable = true;                                ///< kept fitted to the window
     std::int32_t StatusAlign = 0;   ///< status boxes: 0 top, 1 bottom, 2 left, 3 right, 4 near the players
@@ -146,7 +146,6 @@ struct CheckStacksView {
 // --- logs ---
 
 struct EventsLogView {
-    std::string EventsLogFileName;  ///< path; empty: "Events Log.txt" in the user's folder
     std::int32_t EventsLogTopLine = 1;
     std::int32_t EventsLogLineCount = 0;  ///< lines when the log was last shown
     std::int32_t EventsLogFontSize = FontSize::Normal;

@@ -11,6 +11,7 @@
 #include "dice/dicefile.h"
 #include "lab/consolearguments.h"
 #include "lab/consoleevents.h"
+#include "lab/consolegames.h"
 #include "lab/consolereports.h"
 #include "lab/consolescripts.h"
 #include "lab/figurereports.h"
@@ -441,6 +442,8 @@ constexpr Command Commands[] = {
      "another session; OPTIONs are preserve-data, preserve-checkstacks, preserve-logs, drop-scripts, retain-dice-file "
      "continue|rewind",
      0, 6, DoNew},
+    {"save", "save FILE", "keeps the game in a file, which is replaced", 1, Endless, DoSave},
+    {"open", "open FILE", "takes up the game of a file", 1, Endless, DoOpen},
     {"state", "state", "the table and its bets", 0, 0, DoState},
     {"stats", "stats P SCOPE", "bets and bankroll in a scope: hand, last-hand, session, last-session, all", 2, 2,
      DoStats},

@@ -9,6 +9,7 @@
 #include "lab/console.h"
 #include "lab/convert.h"
 #include "lab/events.h"
+#include "lab/game.h"
 #include "lab/labtable.h"
 #include "lab/rollscli.h"
 #include "lab/run.h"
@@ -34,6 +35,7 @@ struct RawOptions {
     std::string OldScript, NewScript;
     bool Rebet = false;
     bool Json = false;
+    bool AllFields = false;
     bool EventsLog = false, SessionsLogs = false;
     std::string LogFile, Stat, Include, BreakPoint, Find, Top, Most;
     int BarWidth = 25;
@@ -69,13 +71,8 @@ constexpr std::uint64_t MostStatements = 1'000'000'000'000;
 constexpr std::uint64_t AnySeed = std::numeric_limits<std::uint64_t>::max();
 
 int StartRun(const RawOptions& raw) {
-    if (!raw.Game.empty()) {
-        std::fprintf(stderr,
-                     "tarnwick-lab run: %s: game files can't be read yet; describe the table with --player and --set\n",
-                     raw.Game.c_str());
-        return BadUsage;
-    }
     RunOptions options;
+    options.Game = raw.Game;
     options.Seed = ClockSeed();
     options.Rebet = raw.Rebet;
     options.DiceFile = raw.DiceFile;
@@ -243,6 +240,10 @@ int Main(int argc, char** argv) {
     CLI::App* convert = app.add_subcommand("convert", "Writes a script of an earlier version as text");
     convert->add_option("old", raw.OldScript, "The script to read, of any form")->type_name("OLD")->required();
     convert->add_option("new", raw.NewScript, "The text file to write")->type_name("NEW")->required();
+    CLI::App* game = app.add_subcommand("game", "Prints every field of a game file");
+    game->add_option("file", raw.Game, "The game file")->type_name("GAME.crp")->required();
+    game->add_flag("--all", raw.AllFields, "Elements of arrays that are 0, too");
+    AddFormat(*game, raw);
     CLI::App* sessions = app.add_subcommand("sessions", "Sums up a Sessions Log");
     AddSessions(*sessions, raw);
     CLI::App* events = app.add_subcommand("events", "Prints or searches an Events Log");
@@ -256,6 +257,7 @@ int Main(int argc, char** argv) {
     }
     if (rolls.Parsed()) return rolls.Run();
     if (check->parsed()) return StartCheck(raw);
+    if (game->parsed()) return ShowGame({raw.Game, raw.AllFields, raw.Format == "json"});
     if (convert->parsed()) return Convert(raw.OldScript, raw.NewScript);
     if (sessions->parsed()) return StartSessions(raw);
     if (events->parsed()) return StartEvents(raw);

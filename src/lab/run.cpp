@@ -14,6 +14,9 @@
 #include <thread>
 
 #include "dice/dice.h"
+#include "dice/dicefile.h"
+#include "files/gamefile.h"
+#include "lab/game.h"
 #include "lab/interrupt.h"
 #include "lab/labtable.h"
 #include "lab/runlogs.h"
@@ -40,6 +43,7 @@ struct Plan {
     std::unique_ptr<Table> Start = std::make_unique<Table>();
     std::vector<BetOrder> Orders;
     ScriptPlan Scripts;
+    std::vector<PlayerOption> GamePlayers;  ///< players of the game who have a script on
     std::optional<SessionsFiler> Filer;
     std::atomic<std::uint64_t> NextSession{1};
     std::atomic<std::uint64_t> RollsPlayed{0};
@@ -81,7 +85,9 @@ std::string PlaceFirstBets(Plan& plan) {
 std::string PrepareScripts(Plan& plan) {
     const RunOptions& options = plan.Options;
     plan.Scripts.StatementLimit = options.StatementLimit;
-    std::string fault = plan.Scripts.Load(*plan.Start, options.Players);
+    std::vector<PlayerOption> players = plan.GamePlayers;
+    players.insert(players.end(), options.Players.begin(), options.Players.end());
+    std::string fault = plan.Scripts.Load(*plan.Start, players);
     if (!fault.empty()) return fault;
     if (options.OutputFolder.empty()) {
         if (options.Sessions == 1) return {};
@@ -98,9 +104,42 @@ std::string PrepareScripts(Plan& plan) {
     return {};
 }
 
+/// Tells on standard error what opening a game has to say.
+struct OpeningScreen : SilentScreen {
+    Answer Show(const Message& message) override {
+        std::fprintf(stderr, "tarnwick-lab run: %s\n", OneLine(message.Text).c_str());
+        return SilentScreen::Show(message);
+    }
+};
+
+/// The game that every session starts from. Its scripts that are on are given to the sessions as those of players are.
+std::string OpenStart(Plan& plan) {
+    Table& t = *plan.Start;
+    OpeningScreen screen;
+    t.Front = &screen;
+    const bool opened = OpenGame(t, plan.Options.Game, LabGameHost());
+    t.Front = nullptr;
+    if (!opened) return plan.Options.Game + " can't be used";
+    // Sessions at the same time would write the same files.
+    if (t.DiceFileMode == 1) SetDiceFileMode(t, 0);
+    t.EventsLogOn = false;
+    for (int p = 1; p < Positions; ++p) {
+        const auto i = static_cast<std::size_t>(p);
+        const bool scripted = t.ScriptOn[i] && !t.ScriptName[i].empty();
+        t.ScriptOn[i] = t.PrevScriptOn[i] = false;
+        if (scripted) plan.GamePlayers.push_back({p, t.PlayerName[i], {}, t.ScriptName[i]});
+    }
+    return {};
+}
+
 std::string Prepare(Plan& plan) {
     Table& t = *plan.Start;
     SubMain(t, nullptr);
+    if (!plan.Options.Game.empty()) {
+        std::string fault = OpenStart(plan);
+        if (!fault.empty()) return fault;
+    }
+    const std::int64_t rollsBefore = SessionRolls(t);
     if (plan.Options.Rng > 0) SelectRng(t, plan.Options.Rng);
     std::string fault = SeatPlayers(t, plan.Options);
     if (fault.empty()) fault = ApplySettings(t, plan.Options.Settings);
@@ -109,7 +148,8 @@ std::string Prepare(Plan& plan) {
     if (fault.empty() && !plan.Options.DiceFile.empty()) fault = PlayDiceFile(t, plan.Options.DiceFile);
     if (plan.Options.SessionsLogs) plan.Filer.emplace(t.GameFolder);
     t.HyperThrottle = 0;
-    t.RunUntilRoll = static_cast<std::int32_t>(plan.Options.Rolls);
+    t.RunUntilRoll = static_cast<std::int32_t>(
+        std::min<std::int64_t>(rollsBefore + static_cast<std::int64_t>(plan.Options.Rolls), MaxSessionRolls));
     return fault;
 }
 
@@ -224,6 +264,7 @@ std::string RunCommand(const RunOptions& options) {
     const auto add = [&](const char* name, const std::string& value) {
         command += std::string(" ") + name + " " + ShellQuoted(value);
     };
+    if (!options.Game.empty()) command += " " + ShellQuoted(options.Game);
     if (options.Rng > 0) add("--rng", std::to_string(options.Rng));
     add("--seed", std::to_string(options.Seed));
     add("--rolls", std::to_string(options.Rolls));

@@ -10,6 +10,7 @@
 namespace tarnwick::lab {
 
 struct RunOptions {
+    std::string Game;  ///< file of the game that every session starts from; empty: an empty table
     std::vector<PlayerOption> Players;
     std::vector<BetOption> Bets;
     bool Rebet = false;

@@ -36,6 +36,8 @@ struct ScriptHost {
     virtual void RunAll(Table& t) = 0;
     /// Empty when `name` can be a player's name; else what is wrong with it.
     virtual std::string NameRefusal(const Table& t, const std::string& name, int exceptPosition) = 0;
+    /// Reads the file `path` as the script of p 1..8, not yet active; false when it can't be read.
+    virtual bool OpenScript(Table& /*t*/, int /*p*/, const std::string& /*path*/) { return false; }
     /// Positions p and q change places; q 0: the script of p leaves with its player.
     virtual void SwapPositions(Table& t, int p, int q) = 0;
     /// A player has another name than when the scripts were compiled.

@@ -52,6 +52,8 @@ void ForEachSelection(Table& t, Act act) {
         act(*players);
 }
 
+}  // namespace
+
 void ClearPosition(Table& t, int p) {
     ClearBets(t, p);
     ClearSettings(t, p);
@@ -67,6 +69,8 @@ void ClearPosition(Table& t, int p) {
     t.AutoPlayPlayers &= ~(1 << p);
     if (t.Scripts != nullptr) t.Scripts->SwapPositions(t, p, 0);
 }
+
+namespace {
 
 bool LeavesPassLine(const Table& t, int p) { return t.Point != 0 && !IsZero(t.BetAmount(p, Row::PassLine)); }
 

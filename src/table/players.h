@@ -30,6 +30,9 @@ void RemovePlayer(Table& t, int p);
 /// The same behind its question.
 bool AskRemovePlayer(Table& t, int p);
 
+/// Makes p 1..8 an empty position: bets, figures, settings, script and name go. Shooter and counts are the caller's.
+void ClearPosition(Table& t, int p);
+
 /// Exchanges two positions 1..8 whole.
 void MovePlayer(Table& t, int from, int to);
 

@@ -9,6 +9,7 @@
 #include "stats/accumulators.h"
 #include "stats/bankrollgraph.h"
 #include "stats/reference.h"
+#include "stats/restore.h"
 
 namespace tarnwick {
 namespace {
@@ -314,6 +315,9 @@ struct History {
                 R.RebuildGraphRange(U(p));
                 break;
             }
+            case 11:
+                SetFigures(T, *FiguresOf(T));  // as a game that is saved and opened again
+                break;
             default:
                 break;
         }

@@ -1,0 +1,23 @@
+// tarnwick-lab game: every field of a game file.
+#pragma once
+
+#include <string>
+
+#include "files/gamefile.h"
+
+namespace tarnwick::lab {
+
+struct GameOptions {
+    std::string File;
+    bool All = false;  ///< text: elements of arrays that are 0 too
+    bool Json = false;
+};
+
+/// Prints the fields as they stand in the file, unchecked, by record, byte and name. Returns the exit status: 0, or 2
+/// when the file can't be read or is no game; a file cut short is printed as far as it goes, with status 1.
+int ShowGame(const GameOptions& options);
+
+/// What games are opened and saved with here: the user's folder by the environment.
+GameHost LabGameHost();
+
+}  // namespace tarnwick::lab
