@@ -9,6 +9,7 @@
 #include "lab/console.h"
 #include "lab/convert.h"
 #include "lab/events.h"
+#include "lab/figurescli.h"
 #include "lab/game.h"
 #include "lab/labtable.h"
 #include "lab/rollscli.h"
@@ -250,12 +251,15 @@ int Main(int argc, char** argv) {
     AddEvents(*events, raw);
     RollsCommandLine rolls;
     rolls.Add(app);
+    FiguresCommandLine figures;
+    figures.Add(app);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? 0 : BadUsage;
     }
     if (rolls.Parsed()) return rolls.Run();
+    if (figures.Parsed()) return figures.Run();
     if (check->parsed()) return StartCheck(raw);
     if (game->parsed()) return ShowGame({raw.Game, raw.AllFields, raw.Format == "json"});
     if (convert->parsed()) return Convert(raw.OldScript, raw.NewScript);
