@@ -77,7 +77,6 @@ class AutoBets final : public ScriptHost {
     StepsView* View = nullptr;        ///< who shows them; none: nothing waits
     std::int64_t StatementLimit = 0;  ///< a run of more statements is ended; 0: no limit
     std::string LastError;            ///< why the last run that failed did
-    ScriptHooks& Hooks() { return State.Hooks; }
     /// A flag that ends runs from outside; may be set by another thread. Null: none.
     void SetStopFlag(const std::atomic<bool>* flag) { Engine.StopRequested = flag; }
     /// Statements run under Steps or a statement limit since the last run began.

@@ -7,6 +7,7 @@
 #include "autobet/functions.h"
 #include "autobet/numbertext.h"
 #include "dice/dicefile.h"
+#include "dice/probabilityfile.h"
 #include "table/bankroll.h"
 #include "table/messages.h"
 #include "table/players.h"
@@ -81,7 +82,7 @@ bool UseProbabilities(RunState& run, const std::string& name) {
     if (!MayUseFiles(run)) return RefuseFor(run, " is not allowed to activate probability files.");
     if (!name.empty()) {
         const std::string path = PathInFolder(t.GameFolder, name);
-        if (path.empty() || run.Hooks.OpenProbabilities == nullptr || !run.Hooks.OpenProbabilities(t, path)) {
+        if (path.empty() || !OpenProbabilities(t, path)) {
             return Refuse(run, "File not found or file is not a valid probability file.");
         }
     }

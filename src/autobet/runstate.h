@@ -7,19 +7,10 @@
 #include <string_view>
 
 #include "autobet/outputfiles.h"
+#include "config/advantage.h"
 #include "table/crapcnst.h"
 
 namespace tarnwick {
-
-/// What scripts use of rooms that lie beside the table. A null function reads as 0 or refuses.
-struct ScriptHooks {
-    /// Expected value per decision and unit wagered of row 1..91.
-    double (*ExpectedValue)(const Table& t, int row) = nullptr;
-    /// Comps earned at statistics position 0..44.
-    currency (*Comps)(const Table& t, int pos) = nullptr;
-    /// Makes a probability file the table's; false, with nothing changed, when it is missing or not valid.
-    bool (*OpenProbabilities)(Table& t, const std::string& path) = nullptr;
-};
 
 struct RunState {
     Table* Game = nullptr;           ///< set throughout a run
@@ -33,7 +24,8 @@ struct RunState {
     bool Taken = false;              ///< the statement at hand did something
     std::string WarningText;         ///< run-time messages of the statement at hand, each behind a line feed
     ScriptOutputs Outputs;
-    ScriptHooks Hooks;
+    AdvantageCache Advantages;      ///< of the bets whose expected value was read
+    AdvantageCache CompAdvantages;  ///< of those that comps were figured from
 
     /// Adds `text` to the warnings of the statement, if anybody will see them.
     void Warn(std::string_view text) {

@@ -5,6 +5,7 @@
 
 #include "autobet/element.h"
 #include "autobet/numbertext.h"
+#include "config/comps.h"
 #include "dice/dice.h"
 #include "stats/accumulators.h"
 #include "table/placement.h"
@@ -109,12 +110,11 @@ double ReadNetLastRollAmount(RunState& run, const Reading& r, int p) {
 double ReadNetPerHour(RunState& run, const Reading& r, int p) {
     return PerHour(*run.Game, PosOf(r, p), ReadNetCell(run, r, p));
 }
-double ReadExpectedAmount(RunState& run, const Reading& r, int p) {
-    if (run.Hooks.ExpectedValue == nullptr) return 0;
-    return ToDouble(BetStatWagers(*run.Game, PosOf(r, p), r.Row, 2)) * run.Hooks.ExpectedValue(*run.Game, r.Row);
-}
 double ReadExpectedRate(RunState& run, const Reading& r, int /*p*/) {
-    return run.Hooks.ExpectedValue == nullptr ? 0 : run.Hooks.ExpectedValue(*run.Game, r.Row);
+    return run.Advantages.Of(*run.Game, r.Row).EvDec;
+}
+double ReadExpectedAmount(RunState& run, const Reading& r, int p) {
+    return ToDouble(BetStatWagers(*run.Game, PosOf(r, p), r.Row, 2)) * ReadExpectedRate(run, r, p);
 }
 
 /// `net` as a percentage of `wagers`, 0 when that isn't positive.
@@ -274,7 +274,7 @@ double ReadLayOdds(RunState& run, const Reading&, int p) { return Flag(run.Game-
 double ReadDownPlace(RunState& run, const Reading&, int p) { return Flag(run.Game->AutoDownPlaceBets[Seat(p)]); }
 double ReadPassDice(RunState& run, const Reading&, int p) { return Flag(run.Game->AutoPassDice[Seat(p)]); }
 double ReadComps(RunState& run, const Reading& r, int p) {
-    return run.Hooks.Comps == nullptr ? 0 : ToDouble(run.Hooks.Comps(*run.Game, PosOf(r, p)));
+    return ToDouble(FigureComps(*run.Game, PosOf(r, p), run.CompAdvantages).CompValue);
 }
 double ReadHours(RunState& run, const Reading& r, int /*p*/) {
     const double rate = ToDouble(run.Game->RollsPerHour);

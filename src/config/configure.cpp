@@ -94,7 +94,8 @@ std::optional<bool> ParseTruth(std::string_view text) {
     return std::nullopt;
 }
 
-std::optional<std::uint32_t> ParseColor(std::string_view text) {
+/// A number in hexadecimal, with or without one of its marks.
+std::optional<std::uint32_t> ParseHexadecimal(std::string_view text) {
     const std::string lower = LowerCase(Trim(text));
     std::string_view digits = lower;
     for (const std::string_view mark : {"#", "0x", "&h"}) {
@@ -118,10 +119,10 @@ std::optional<currency> ParseRate(std::string_view text) {
     return MultiplyDivide(*percent, Dollars(1), Dollars(100));
 }
 
-std::string ColorText(std::uint32_t color) {
+std::string HexadecimalText(std::uint32_t value, std::size_t places) {
     constexpr std::string_view digits = "0123456789ABCDEF";
-    std::string text(6, '0');
-    for (std::size_t i = 6; i-- > 0; color >>= 4) text[i] = digits[color & 15];
+    std::string text(places, '0');
+    for (std::size_t i = places; i-- > 0; value >>= 4) text[i] = digits[value & 15];
     return text;
 }
 
@@ -160,8 +161,14 @@ struct CellWriter {
         return {};
     }
     std::string operator()(ColorCell cell) const {
-        const auto value = ParseColor(Text);
+        const auto value = ParseHexadecimal(Text);
         if (!value || !InRange(*value)) return WrongKind("a color from 000000 to FFFFFF in hexadecimal");
+        *cell.Value = *value;
+        return {};
+    }
+    std::string operator()(BitsCell cell) const {
+        const auto value = ParseHexadecimal(Text);
+        if (!value) return WrongKind("bits from 00000000 to FFFFFFFF in hexadecimal");
         *cell.Value = *value;
         return {};
     }
@@ -359,7 +366,8 @@ std::string SettingText(const Table& t, std::string_view name) {
         std::string operator()(const std::int32_t* cell) const { return std::to_string(*cell); }
         std::string operator()(const currency* cell) const { return PlainAmount(*cell); }
         std::string operator()(const double* cell) const { return PlainAmount(ToCurrency(*cell)); }
-        std::string operator()(ColorCell cell) const { return ColorText(*cell.Value); }
+        std::string operator()(ColorCell cell) const { return HexadecimalText(*cell.Value, 6); }
+        std::string operator()(BitsCell cell) const { return HexadecimalText(*cell.Value, 8); }
         std::string operator()(RateCell cell) const { return PlainAmount(*cell.Value); }
         std::string operator()(const PayoffEntry* cell) const { return PayoffText(*cell); }
     };

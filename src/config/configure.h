@@ -23,11 +23,11 @@ bool AskRestoreDefaultDenominations(Table& t);
 /// `HandleAmount[p][slot]` or `HandleAmount[p,slot]`, payoffs as `Payoff[31]` with "9 to 5" or "10 for 5",
 /// `FieldPayoff[1]`; the come-out list of one position as `ComeOutWorking[p][row]` and of all of them, the table's own
 /// too, as `ComeOutWorking[row]`; checks one by one or all as `CheckDenominations` "1,5,25,100,500". Names in any case.
-/// Truth values are true, yes, on, -1, 1 or false, no, off, 0; colors are hexadecimal, red in the low byte; a vig rate
-/// is a fraction or a percentage with its sign.
-/// Returns what is wrong (unknown name, index, text, range, a check of the configuration), or nothing. A refused value
-/// leaves everything as it was. Bets that a switched-off option no longer offers are taken down; units and vigs follow.
-/// A value within its own range is not refused for a fault of the configuration that was there before.
+/// Truth values are true, yes, on, -1, 1 or false, no, off, 0; colors and masks are hexadecimal, red in the low byte; a
+/// vig rate is a fraction or a percentage with its sign. Returns what is wrong (unknown name, index, text, range, a
+/// check of the configuration), or nothing. A refused value leaves everything as it was. Bets that a switched-off
+/// option no longer offers are taken down; units and vigs follow. A value within its own range is not refused for a
+/// fault of the configuration that was there before.
 std::string SetSetting(Table& t, std::string_view name, std::string_view value);
 
 /// The present value in the form that SetSetting reads; empty for an unknown name or a missing index.

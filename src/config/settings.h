@@ -99,7 +99,7 @@ struct Settings {
     currency CompRate = Dollars(30);  ///< percent
     std::int32_t CompBase = 0;        ///< 0 theoretical vig, 1 total action, 2 average action x time
     bool CompsUseTrueProbs = true;    ///< also while skewed dice are thrown
-    std::array<std::uint32_t, 4> CompBetMasks = {0, 0xC0FC0FFF, 0xFFFF6FFF, 0xFFFFFFFF};  ///< 1..3; see stats/comps.h
+    std::array<std::uint32_t, 4> CompBetMasks = {0, 0xC0FC0FFF, 0xFFFF6FFF, 0xFFFFFFFF};  ///< 1..3; see config/comps.h
     bool CountZeroOutcomes = false;  ///< a roll that decides nothing counts as a decision
     bool ShowMiscData = false;       ///< rolls, decisions and time instead of values
 

@@ -116,6 +116,12 @@ constexpr SettingRow ComeOutRow() {
             .LastIndex2 = Row::LastBet};
 }
 
+SettingCell MaskAt(Settings& s, int index, int) { return BitsCell{&s.CompBetMasks[static_cast<std::size_t>(index)]}; }
+
+constexpr SettingRow MasksRow() {
+    return Indexed({.Name = "CompBetMasks", .Meaning = "Bits of the bets figured in comps", .At = MaskAt}, 1, 3);
+}
+
 constexpr SettingRow BarRow() {
     SettingRow row = Whole<&Settings::BarDont>("BarDont", "Number barred on the don't side, 2 or 12", 2, 12);
     row.Step = 10;
@@ -168,6 +174,10 @@ constexpr SettingRow Rows[] = {
     Whole<&S::SpotlightLevel>("SpotlightLevel", "Spotlight: 0 off, 1 low, 2 medium, 3 high", 0, 3),
     // Comps
     Amount<&S::CompRate>("CompRate", "Comp rate in percent", 0, Most),
+    Whole<&S::CompBase>("CompBase", "Comps by: 0 theoretical house vig, 1 total action, 2 average action and time", 0,
+                        2),
+    Flag<&S::CompsUseTrueProbs>("CompsUseTrueProbs", "Always figure comps with the true dice probabilities"),
+    MasksRow(),
     // Sound
     Flag<&S::DisableAllSound>("DisableAllSound", "Disable all game sounds"),
     Flag<&S::DisableAutoBetSounds>("DisableAutoBetSounds", "Disable Auto-Bet sounds"),
@@ -230,6 +240,9 @@ constexpr SettingRow Rows[] = {
     Flag<&S::UseSkewedProbability>("UseSkewedProbability", "Throw skewed dice"),
     Whole<&S::ProbabilityDisplayMode>("ProbabilityDisplayMode", "How probabilities are shown", 0, 3),
     Amount<&S::RollsOutOf>("RollsOutOf", "Rolls out of which they are shown", 1, Most),
+    // Advantage
+    Flag<&S::CountZeroOutcomes>("CountZeroOutcomes", "Count zero outcomes as decisions"),
+    Flag<&S::ShowMiscData>("ShowMiscData", "Show misc. roll, dec, and time data"),
     // Unattended runs
     Whole<&S::HyperThrottle>("HyperThrottle", "Speed: 0 to 11 Hyper-Drive, 12 Auto-Roll", 0, 12),
     Amount<&S::AutoRollDelay>("AutoRollDelay", "Seconds between rolls of Auto-Roll", 0, 300 * CurrencyScale),

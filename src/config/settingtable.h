@@ -18,8 +18,11 @@ struct ColorCell {
 struct RateCell {
     currency* Value;
 };
+struct BitsCell {
+    std::uint32_t* Value;
+};
 using SettingCell =
-    std::variant<std::monostate, bool*, std::int32_t*, currency*, double*, ColorCell, RateCell, PayoffEntry*>;
+    std::variant<std::monostate, bool*, std::int32_t*, currency*, double*, ColorCell, BitsCell, RateCell, PayoffEntry*>;
 
 /// The checks that a change must pass.
 enum class CheckGroup { None, Checks, Limits, RollRate, Payoffs };

@@ -39,16 +39,27 @@ void LookupDice(Table& t, std::int32_t d) {
     while (!FindCell(t, static_cast<std::int32_t>(WholeChance * Uniform(t)) + 1)) continue;
 }
 
+void SumMatrixTotals(MatrixCells& cells) {
+    auto& chance = cells[1];
+    for (std::size_t row = 1; row <= 11; ++row) chance[1][row] = 0;
+    for (const MatrixCell& cell : MatrixWalk) chance[1][cell.Row] += chance[cell.Col][cell.Row];
+}
+
 void ResetProbabilityMatrix(Table& t) {
     t.ProbabilityMatrix = {};
     auto& state = t.ProbabilityMatrix[0];
     auto& chance = t.ProbabilityMatrix[1];
     state[0][1] = 1;  // the selected cell of the matrix's display
     state[0][2] = 6;
-    for (const MatrixCell& cell : MatrixWalk) chance[cell.Col][cell.Row] = TrueChance(1);
-    for (int row = 1; row <= 11; ++row)
-        chance[1][static_cast<std::size_t>(row)] = TrueChance(6 - (row < 6 ? 6 - row : row - 6));
-    for (std::size_t col = 2; col <= 7; ++col) chance[col][12] = chance[col][13] = TrueChance(6);
+    for (int i = 0; i < 36; ++i) {
+        const MatrixCell& cell = MatrixWalk[static_cast<std::size_t>(i)];
+        chance[cell.Col][cell.Row] = EqualChance(i, 36);
+    }
+    for (int i = 0; i < 6; ++i) {
+        const auto col = static_cast<std::size_t>(i + 2);
+        chance[col][FirstDieRow] = chance[col][SecondDieRow] = EqualChance(i, 6);
+    }
+    SumMatrixTotals(t.ProbabilityMatrix);
 }
 
 }  // namespace tarnwick

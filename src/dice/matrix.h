@@ -1,14 +1,17 @@
-// Where the 36 ordered results lie in the probability matrix.
+// Where the 36 ordered results lie in the probability matrix, and their true chances.
 //
 // Kind 1 holds values in thousandths of a percent, kind 0 the state of each cell (128: locked by the user). The results
 // fill the triangle of columns 2..7 and rows col-1..13-col. Column 1, rows 1..11, holds the totals 2..12; rows 12 and
 // 13, columns 2..7, the six faces of the first and the second die. Kind 0, column 0, row 0 is the mode: 0 the results
-// follow the faces, else each is free.
+// follow the faces (Percentage Dice), else each is free (Free Form Dice); rows 1 and 2 beside it are the column and the
+// row of the cell selected for display.
 #pragma once
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
+
+#include "dice/dicestate.h"
 
 namespace tarnwick {
 
@@ -36,7 +39,17 @@ constexpr std::array<MatrixCell, 36> MatrixWalk = [] {
 /// Sum of all chances: 100%.
 constexpr std::int32_t WholeChance = 100'000;
 
-/// `ways` of 36 in thousandths of a percent, to the nearest.
-constexpr std::int32_t TrueChance(int ways) { return (2 * ways * WholeChance + 36) / 72; }
+/// Chance `i` (from 0) of `n` equal ones. Running sums are rounded, not the chances, so that all n are exactly 100%.
+constexpr std::int32_t EqualChance(int i, int n) {
+    const auto sumOf = [n](int k) { return (2 * WholeChance * k + n) / (2 * n); };
+    return sumOf(i + 1) - sumOf(i);
+}
+
+constexpr int FirstDieRow = 12, SecondDieRow = 13;
+/// Row of a total's cell, in column 1.
+constexpr int TotalRow(int total) { return total - 1; }
+
+/// Makes each total the sum of its results.
+void SumMatrixTotals(MatrixCells& cells);
 
 }  // namespace tarnwick

@@ -36,7 +36,7 @@ std::string Heading(int scope, const std::string& selection) {
 // --- summary ---
 
 std::string SummaryText(const Table& t, const FigureQuery& q) {
-    const SummaryFigures f = FiguresOfSummary(t, q.StatScope, q.Players);
+    const SummaryFigures f = FiguresOfSummary(t, q.StatScope, q.Players, CompsOfPlayers(t, q.StatScope, q.Players));
     const std::string percent = f.PlayerPercent.Text;
     Rows rows = {{"", "Table", "Player"},
                  {"Hands", f.Table.Hands.Text, f.Player.Hands.Text},
@@ -52,10 +52,9 @@ std::string SummaryText(const Table& t, const FigureQuery& q) {
             {"Bankroll", f.BankrollBeginning.Text, f.BankrollCurrent.Text, f.BankrollHigh.Text, f.BankrollLow.Text,
              f.BankrollAverage.Text}};
     out += TextTable(rows);
-    for (const SummaryCompLine& line : f.Comps) {
-        if (f.HasComps) out += line.Caption + "  " + line.Amount.Text + "\n";
-    }
-    return out;
+    rows.clear();
+    for (const SummaryCompLine& line : f.Comps) rows.push_back({line.Caption, line.Amount.Text});
+    return out + "\n" + TextTable(rows);
 }
 
 void WriteCourse(JsonWriter& json, std::string_view name, const SummaryCourse& course) {
@@ -68,7 +67,7 @@ void WriteCourse(JsonWriter& json, std::string_view name, const SummaryCourse& c
 }
 
 void WriteSummary(JsonWriter& json, const Table& t, const FigureQuery& q) {
-    const SummaryFigures f = FiguresOfSummary(t, q.StatScope, q.Players);
+    const SummaryFigures f = FiguresOfSummary(t, q.StatScope, q.Players, CompsOfPlayers(t, q.StatScope, q.Players));
     json.Field("scope", q.StatScope).Field("players", f.Players);
     WriteCourse(json, "table", f.Table);
     WriteCourse(json, "player", f.Player);
@@ -88,7 +87,11 @@ void WriteSummary(JsonWriter& json, const Table& t, const FigureQuery& q) {
     WriteFigure(json, "high", f.BankrollHigh);
     WriteFigure(json, "low", f.BankrollLow);
     WriteFigure(json, "average", f.BankrollAverage);
-    json.EndObject();
+    json.EndObject().Key("comps").BeginObject();
+    WriteFigure(json, "theoreticalVig", f.Comps[0].Amount);
+    WriteFigure(json, "totalAction", f.Comps[1].Amount);
+    WriteFigure(json, "avgActionTime", f.Comps[2].Amount);
+    json.Field("base", t.CompBase).EndObject();
 }
 
 // --- hands ---

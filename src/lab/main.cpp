@@ -8,6 +8,7 @@
 #include "lab/check.h"
 #include "lab/console.h"
 #include "lab/convert.h"
+#include "lab/dicecommands.h"
 #include "lab/events.h"
 #include "lab/figurescli.h"
 #include "lab/game.h"
@@ -245,6 +246,8 @@ int Main(int argc, char** argv) {
     game->add_option("file", raw.Game, "The game file")->type_name("GAME.crp")->required();
     game->add_flag("--all", raw.AllFields, "Elements of arrays that are 0, too");
     AddFormat(*game, raw);
+    DiceCommands dice;
+    dice.AddTo(app);
     CLI::App* sessions = app.add_subcommand("sessions", "Sums up a Sessions Log");
     AddSessions(*sessions, raw);
     CLI::App* events = app.add_subcommand("events", "Prints or searches an Events Log");
@@ -262,6 +265,7 @@ int Main(int argc, char** argv) {
     if (figures.Parsed()) return figures.Run();
     if (check->parsed()) return StartCheck(raw);
     if (game->parsed()) return ShowGame({raw.Game, raw.AllFields, raw.Format == "json"});
+    if (const auto status = dice.Run()) return *status;
     if (convert->parsed()) return Convert(raw.OldScript, raw.NewScript);
     if (sessions->parsed()) return StartSessions(raw);
     if (events->parsed()) return StartEvents(raw);

@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "config/comps.h"
 #include "stats/accumulators.h"
 #include "stats/bankrollgraph.h"
 #include "table/format.h"
@@ -57,6 +58,21 @@ SummaryCompLine LineOfComps(std::string_view caption, currency amount, bool coun
 }
 
 }  // namespace
+
+CompMeasures CompsOfPlayers(const Table& t, int scope, SeatMask players) {
+    CompMeasures measures;
+    measures.CompBase = t.CompBase;
+    if (PresentPlayers(t) == 0) return measures;
+    double expected = 0;
+    for (const int p : FigurePositions(t, players)) {
+        const Comps comps = FigureComps(t, StatPos(p, scope));
+        expected += comps.TheoreticalSum;
+        measures.TotalAction = SaturatedSum(measures.TotalAction, comps.Action);
+        measures.AverageActionTime = SaturatedSum(measures.AverageActionTime, comps.AvgActionTime);
+    }
+    measures.TheoreticalVig = ToCurrency(-expected);
+    return measures;
+}
 
 SummaryFigures FiguresOfSummary(const Table& t, int scope, SeatMask selected,
                                 const std::optional<CompMeasures>& comps) {

@@ -27,6 +27,9 @@ struct CompMeasures {
     int CompBase = 0;  ///< 0..2: which of the three counts
 };
 
+/// By the rules of comps in force, scope 0..4.
+CompMeasures CompsOfPlayers(const Table& t, int scope, SeatMask players);
+
 struct SummaryCompLine {
     std::string Caption;  ///< with "* " ahead of the one that counts
     Figure Amount;

@@ -6,6 +6,8 @@
 
 #include "autobet/scripttable.h"
 #include "dice/dicefile.h"
+#include "dice/matrix.h"
+#include "dice/probabilityfile.h"
 #include "table/placement.h"
 
 namespace tarnwick {
@@ -303,13 +305,22 @@ TEST_F(ScriptFiles, ProbabilityFiles) {
     EXPECT_EQ(S.LastStep("activate probability file \"x.prb\""),
               "File not found or file is not a valid probability file.\nNo action taken.");
     EXPECT_FALSE(S.T.UseSkewedProbability);
-    S.Scripts.Hooks().OpenProbabilities = [](Table& t, const std::string& path) {
-        t.ProbabilityFileName = path;
-        return true;
-    };
+    Table sixes;
+    ResetProbabilityMatrix(sixes);
+    for (const MatrixCell& cell : MatrixWalk) sixes.ProbabilityMatrix[1][cell.Col][cell.Row] = 0;
+    sixes.ProbabilityMatrix[1][2][11] = WholeChance;
+    ASSERT_EQ(SaveProbabilities(sixes, (Folder / "x.prb").string()), "");
+    std::ofstream(Folder / "no.prb") << "Tarnwick Probability File";
+    EXPECT_EQ(S.LastStep("activate probability file \"no.prb\""),
+              "File not found or file is not a valid probability file.\nNo action taken.");
+    EXPECT_FALSE(S.T.UseSkewedProbability);
     S.Do("activate probability file \"x.prb\"");
     EXPECT_TRUE(S.T.UseSkewedProbability);
     EXPECT_EQ(S.T.ProbabilityFileName, (Folder / "x.prb").string());
+    for (int roll = 0; roll < 5; ++roll) {
+        RollDice(S.T);
+        EXPECT_EQ(S.T.DiceTotal, 12);
+    }
     S.Do("deactivate probability file");
     EXPECT_FALSE(S.T.UseSkewedProbability);
     S.Do("activate probability file");

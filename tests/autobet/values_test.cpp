@@ -8,6 +8,7 @@
 #include "autobet/numbertext.h"
 #include "autobet/scripttable.h"
 #include "autobet/variables.h"
+#include "dice/matrix.h"
 #include "table/placement.h"
 
 namespace tarnwick {
@@ -74,12 +75,31 @@ TEST(ScriptVariables, BetsGiveEveryStatisticUnderEveryResult) {
     EXPECT_EQ(s.Read(Place8, 1, 5, 1, 2), 32) << "all sessions";
 }
 
-TEST(ScriptVariables, ExpectedValueUsesTheAdvantageOfTheBet) {
+TEST(ScriptVariables, ExpectedValueFollowsTheRulesInForce) {
     ReadTable s;
-    EXPECT_EQ(s.Read(Place8, 1, 3, 4, 11), 0) << "without an advantage calculator";
-    s.Run.Hooks.ExpectedValue = [](const Table&, int row) { return row == Place8 ? -0.25 : 0.0; };
-    EXPECT_DOUBLE_EQ(s.Read(Place8, 1, 3, 4, 11), -8);
-    EXPECT_DOUBLE_EQ(s.Read(Place8, 1, 3, 5, 11), -0.25);
+    const auto expect = [&s](double rate) {
+        EXPECT_DOUBLE_EQ(s.Read(Place8, 1, 3, 5, 11), rate);
+        EXPECT_DOUBLE_EQ(s.Read(Place8, 1, 3, 4, 11), 32 * rate) << "of the money wagered";
+    };
+    expect(-0.015152);
+    s.T.Payoff[Place8].Pays = Dollars(9);  // 9 to 6
+    expect(0.136364);
+    s.T.UseSkewedProbability = true;
+    for (const MatrixCell& cell : MatrixWalk) s.T.ProbabilityMatrix[1][cell.Col][cell.Row] = 0;
+    s.T.ProbabilityMatrix[1][2][6] = 25'000;  // 1.6
+    s.T.ProbabilityMatrix[1][4][7] = 75'000;  // 4.4
+    expect(0.875);
+    s.T.UseSkewedProbability = false;
+    expect(0.136364);
+}
+
+TEST(ScriptVariables, CompsOfThePlayer) {
+    ReadTable s;
+    EXPECT_DOUBLE_EQ(s.Worth("comps"), 0.1455) << "30% of 32 x 0.015152, to the ten-thousandth";
+    s.T.CompBase = 1;
+    EXPECT_DOUBLE_EQ(s.Worth("comps"), 9.6) << "30% of 32";
+    s.T.ActivePlayer = 2;
+    EXPECT_DOUBLE_EQ(s.Worth("comps"), 0);
 }
 
 TEST(ScriptVariables, BetStatesAndVigs) {
@@ -126,14 +146,14 @@ TEST(ScriptVariables, PlayersAndTable) {
         double expected;
     };
     const Case cases[] = {
-        {651, 900}, {655, 7},     {670, 4},          {671, 6},     {700, 0},     {701, -1},    {702, 0},
-        {703, 0},   {1100, 0},    {1200, 2 / 120.0}, {1300, 1000}, {1301, 1000}, {1302, 1000}, {1303, 1000},
-        {3000, 0},  {3001, 0},    {3002, 0},         {3005, 0},    {3006, 0},    {3007, 0},    {3200, 2},
-        {3201, 3},  {3202, 4},    {3203, 2},         {3204, 1},    {3300, 0},    {3301, 0},    {3500, 6},
-        {3501, 9},  {3502, 6},    {3510, 8},         {3511, 3.5},  {3512, 3},    {3513, 5},    {3603, 120},
-        {3610, 1},  {3611, 1000}, {3655, 77},        {3691, 0.3},  {3693, 4711}, {3696, 4711}, {3697, 6},
-        {3704, 0},  {3705, -1},   {3706, 0},         {3707, -1},   {3708, 0},    {3709, 0},    {3710, -1},
-        {3711, 0},  {105, -3},    {100, 0},
+        {651, 900}, {655, 7},      {670, 4},          {671, 6},     {700, 0},     {701, -1},    {702, 0},
+        {703, 0},   {1100, .1455}, {1200, 2 / 120.0}, {1300, 1000}, {1301, 1000}, {1302, 1000}, {1303, 1000},
+        {3000, 0},  {3001, 0},     {3002, 0},         {3005, 0},    {3006, 0},    {3007, 0},    {3200, 2},
+        {3201, 3},  {3202, 4},     {3203, 2},         {3204, 1},    {3300, 0},    {3301, 0},    {3500, 6},
+        {3501, 9},  {3502, 6},     {3510, 8},         {3511, 3.5},  {3512, 3},    {3513, 5},    {3603, 120},
+        {3610, 1},  {3611, 1000},  {3655, 77},        {3691, 0.3},  {3693, 4711}, {3696, 4711}, {3697, 6},
+        {3704, 0},  {3705, -1},    {3706, 0},         {3707, -1},   {3708, 0},    {3709, 0},    {3710, -1},
+        {3711, 0},  {105, -3},     {100, 0},
     };
     for (const Case& c : cases) EXPECT_DOUBLE_EQ(s.Read(c.number), c.expected) << c.number;
     EXPECT_EQ(s.Read(3672), t.RngIndex + 1);

@@ -10,6 +10,7 @@
 
 #include "dice/dice.h"
 #include "dice/matrix.h"
+#include "dice/matrixeditor.h"
 #include "stats/accumulators.h"
 #include "table/screen.h"
 
@@ -126,15 +127,27 @@ TEST(ProbabilityMatrix, HoldsTheTrueChances) {
     t.ProbabilityMatrix[1][0][0] = 5;
     ResetProbabilityMatrix(t);
     const auto& m = t.ProbabilityMatrix;
-    const int totals[] = {2778, 5556, 8333, 11111, 13889, 16667, 13889, 11111, 8333, 5556, 2778};
-    for (std::size_t row = 1; row <= 11; ++row) EXPECT_EQ(m[1][1][row], totals[row - 1]) << row;
-    std::map<int, int> results;
+    std::map<int, int> results, faces, sums;
     for (std::size_t col = 2; col <= 7; ++col) {
-        EXPECT_EQ(m[1][col][12], 16667);
-        EXPECT_EQ(m[1][col][13], 16667);
-        for (std::size_t row = 0; row <= 11; ++row) ++results[m[1][col][row]];
+        ++faces[m[1][col][12]];
+        ++faces[m[1][col][13]];
+        for (std::size_t row = 1; row <= 11; ++row) {
+            if (KindOfCell({static_cast<int>(col), static_cast<int>(row)}) != CellKind::Result) continue;
+            ++results[m[1][col][row]];
+            sums[static_cast<int>(row)] += m[1][col][row];
+        }
     }
-    EXPECT_EQ(results, (std::map<int, int>{{0, 72 - 36}, {2778, 36}}));
+    // Thousandths of a percent can't be equal shares of 100%, but their sum is exactly that.
+    EXPECT_EQ(results, (std::map<int, int>{{2777, 8}, {2778, 28}}));
+    EXPECT_EQ(faces, (std::map<int, int>{{16666, 4}, {16667, 8}}));
+    int all = 0;
+    for (std::size_t row = 1; row <= 11; ++row) {
+        const int total = m[1][1][row];
+        EXPECT_EQ(total, sums[static_cast<int>(row)]) << row;
+        EXPECT_NEAR(total, (6 - std::abs(static_cast<int>(row) - 6)) * 100'000 / 36.0, 2) << row;
+        all += total;
+    }
+    EXPECT_EQ(all, 100'000);
     EXPECT_EQ(m[0][3][3], 0);
     EXPECT_EQ(m[0][0][0], 0);
     EXPECT_EQ(m[0][0][1], 1);
@@ -164,8 +177,8 @@ TEST(LookupDice, FindsTheCellOfADraw) {
         {"the first", {}, 1, {1, 1}},
         {"the first to its end", {}, 2778, {1, 1}},
         {"the second", {}, 2779, {1, 2}},
-        {"end of the first column", {}, 11 * 2778, {6, 6}},
-        {"begin of the second column", {}, 11 * 2778 + 1, {2, 1}},
+        {"end of the first column", {}, 30'556, {6, 6}},
+        {"begin of the second column", {}, 30'557, {2, 1}},
         {"the last", {}, 100'000, {6, 1}},
         {"past a zero cell at the front", few, 1, {1, 2}},
         {"the end of a cell", few, 10'000, {1, 2}},

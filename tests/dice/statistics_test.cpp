@@ -41,7 +41,6 @@ TEST(DiceStatistics, EveryGeneratorRollsFairAndIndependentDice) {
 }
 
 TEST(DiceStatistics, TheTrueMatrixRollsNearlyFairDice) {
-    // Its last cell is short by 8 in 100,000, which is far below what so few rolls show.
     for (int rngIndex = 0; rngIndex <= 7; ++rngIndex) {
         Table t;
         t.RngIndex = rngIndex;

@@ -372,5 +372,23 @@ TEST_F(RollFigures, SummaryMarksTheCompsThatCount) {
     }
 }
 
+TEST_F(RollFigures, CompsOfSeveralPlayersAreTheirSum) {
+    t.RollsPerHour = Dollars(2);
+    EXPECT_EQ(CompsOfPlayers(t, Scope::Session, Both).TotalAction, currency{}) << "nobody is there";
+    Seat(1, "Ann");
+    Seat(3, "Bob");
+    Bet(1, Row::PassLine, 10);
+    Bet(3, Row::Field, 36);
+    Roll(3, 4);
+    const CompMeasures ann = CompsOfPlayers(t, Scope::Session, Ann);
+    EXPECT_EQ(ann.TotalAction, Dollars(10));
+    EXPECT_NEAR(ToDouble(ann.TheoreticalVig), 10 * 7.0 / 495, 1e-4);
+    EXPECT_EQ(ann.AverageActionTime, Dollars(5)) << "ten a wager for half an hour";
+    const CompMeasures both = CompsOfPlayers(t, Scope::Session, Both);
+    EXPECT_EQ(both.TotalAction, Dollars(46));
+    EXPECT_NEAR(ToDouble(both.TheoreticalVig), 10 * 7.0 / 495 + 2, 1e-4);
+    EXPECT_EQ(both.AverageActionTime, Dollars(23));
+}
+
 }  // namespace
 }  // namespace tarnwick
