@@ -157,7 +157,7 @@ NameChoice AcceptFileName(Table& t, FilePurpose purpose, const std::string& name
     }
     if (typed.find_first_of("*?") != std::string_view::npos) return NameChoice::Pattern;
     const std::string full = CompletePath(typed, folder, typeLine);
-    const bool exists = FileExists(full);
+    const bool exists = IsFile(full);
     const bool opens = info.Need == FileNeed::Exists;
     if (!CanBePath(full) || (!opens && !FolderIsThere(full))) {
         TellUnreadablePath(t);

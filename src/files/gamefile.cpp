@@ -1,6 +1,8 @@
 #include "files/gamefile.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -8,6 +10,7 @@
 #include "files/atomicfile.h"
 #include "files/gameimage.h"
 #include "files/paths.h"
+#include "stats/eventslogfile.h"
 #include "stats/sessionslog.h"
 #include "table/format.h"
 #include "table/messages.h"
@@ -31,7 +34,7 @@ std::string LinkFiles(const Table& t, GameImage& image, const std::string& path,
     image.DiceFile.Date = FileDateText(image.DiceFile.Name);
     const std::string log = PathIn(host.UserPath, image.EventsLog.Name);
     image.EventsLog.Date = FileDateText(log);
-    if (!FileExists(log)) image.EventsLog = {};
+    if (!IsFile(log)) image.EventsLog = {};
     for (PlayerImage& player : image.Players) player.Script.Date = FileDateText(player.Script.Name);
     std::string fault;
     if (t.ProbabilitiesChanged) {
@@ -43,7 +46,7 @@ std::string LinkFiles(const Table& t, GameImage& image, const std::string& path,
             image.ProbabilityUntitled = fault.empty();
         }
     }
-    if (!FileExists(image.Probabilities.Name)) image.Probabilities = {};
+    if (!IsFile(image.Probabilities.Name)) image.Probabilities = {};
     image.Probabilities.Date = FileDateText(image.Probabilities.Name);
     return fault;
 }
@@ -92,7 +95,7 @@ bool LinkDiceFile(Table& t, const GameImage& image) {
     const FileLink& link = image.DiceFile;
     if (link.Name.empty()) return false;
     bool rewind = false;
-    if (!FileExists(link.Name)) {
+    if (!IsFile(link.Name)) {
         TellLink(t, "Dice Roll file", "was not found:", link.Name, "Missing Dice Roll File");
         return false;
     }
@@ -119,7 +122,7 @@ void LinkProbabilities(Table& t, const GameImage& image, const GameHost& host) {
     const FileLink& link = image.Probabilities;
     if (link.Name.empty()) return;
     const auto open = image.ProbabilityUntitled ? host.OpenUnsavedMatrix : host.OpenProbabilities;
-    if (!FileExists(link.Name) || open == nullptr || !open(t, link.Name)) {
+    if (!IsFile(link.Name) || open == nullptr || !open(t, link.Name)) {
         TellLink(t, "Probability file", "was not found:", link.Name, "Missing Probability File");
     } else if (FileDateText(link.Name) != link.Date) {
         TellLink(t, "Probability file", "has been changed:", link.Name, "Altered Probability File");
@@ -129,7 +132,7 @@ void LinkProbabilities(Table& t, const GameImage& image, const GameHost& host) {
 void LinkEventsLog(Table& t, const GameHost& host) {
     std::string& log = t.EventsLogFileName;
     const std::string path = PathIn(host.UserPath, log);
-    if (!log.empty() && FileExists(path)) return;
+    if (!log.empty() && IsFile(path)) return;
     if (!log.empty()) TellLink(t, "Events Log", "was not found.", path, "Missing Events Log");
     log = DefaultEventsLogName;
 }
@@ -143,7 +146,7 @@ void DropScript(Table& t, int p) {
 void LinkScript(Table& t, int p, const FileLink& link) {
     if (link.Name.empty()) return;
     const std::string& name = t.PlayerName[At(p)];
-    if (!FileExists(link.Name)) {
+    if (!IsFile(link.Name)) {
         ShowNote(t, "Auto-Bet File Not Found", name + "'s auto-bet file was not found:\n\n" + link.Name);
         DropScript(t, p);
         return;
@@ -167,8 +170,8 @@ void LinkSessionsLog(Table& t, int p, const GameHost& host) {
     const std::string standard = DefaultSessionsLogName(t.PlayerName[At(p)]);
     const std::string standardPath = PathIn(host.UserPath, standard);
     if (log.empty()) log = standard;
-    if (FileExists(path) || path == standardPath || path.empty()) return;
-    const std::string instead = FileExists(standardPath)
+    if (IsFile(path) || path == standardPath || path.empty()) return;
+    const std::string instead = IsFile(standardPath)
                                     ? "The following existing Sessions Log will be opened instead:"
                                     : "The following new Sessions Log will be created and opened instead:";
     ShowNote(t, "Sessions Log Not Found",
@@ -224,7 +227,7 @@ bool RefuseForm(Table& t, GameForm form, const std::string& path) {
 }  // namespace
 
 bool OpenGame(Table& t, const std::string& path, const GameHost& host) {
-    if (t.RollInProgress) return false;
+    if (t.RollInProgress || t.ScriptRunning) return false;
     std::string bytes;
     const std::string fault = ReadWholeFile(path, LongestGame, bytes);
     if (!fault.empty()) {
@@ -250,7 +253,7 @@ std::string GameTitle(const Table& t) {
 
 bool OpenGameAtStart(Table& t, const std::string& given, const GameHost& host) {
     const std::string standing = PathIn(host.UserPath, std::string(DefaultGameName));
-    const bool hasStanding = FileExists(standing);
+    const bool hasStanding = IsFile(standing);
     if (!given.empty()) {
         const std::string name = LowerCase(given);
         const bool isGame = name.size() > 4 && name.substr(name.size() - 4) == ".crp";
@@ -265,6 +268,8 @@ bool OpenGameAtStart(Table& t, const std::string& given, const GameHost& host) {
 }
 
 bool SaveGameAtExit(Table& t, const GameHost& host) {
+    std::error_code error;  // the first end of all makes the folder; what can't be made is told by the save
+    if (!host.UserPath.empty()) std::filesystem::create_directories(host.UserPath, error);
     return SaveGame(t, PathIn(host.UserPath, std::string(DefaultGameName)), host);
 }
 

@@ -22,7 +22,6 @@ struct GameHost {
 
 constexpr std::string_view DefaultGameName = "default.crp";
 constexpr std::string_view DefaultMatrixName = "default.prb";
-constexpr std::string_view DefaultEventsLogName = "Events Log.txt";
 constexpr std::string_view UnableToOpenGame = "Unable to Open Tarnwick Game File";
 
 /// Writes the game to `path`, which is replaced as a whole or not at all, and gives the game that name (none for the
@@ -34,7 +33,7 @@ bool SaveGame(Table& t, const std::string& path, const GameHost& host);
 /// message for each that is missing or altered, scripts loaded through t.Scripts. Messages hidden, the front end, the
 /// generators' states and GameFolder stay. Sessions Logs without a folder lie in UserPath. The place of the main window
 /// stays with the standing file. False, after a message: the file is none, and the game is as it was; or it is cut
-/// short, and what was whole of it is taken over. Needs a table at rest: false while a roll is in progress.
+/// short, and what was whole of it is taken over. Needs a table at rest: false during a roll or a script's statement.
 bool OpenGame(Table& t, const std::string& path, const GameHost& host);
 
 /// What the main window is called: "Tarnwick (name)", or "Tarnwick" for the standing game.
@@ -45,7 +44,7 @@ std::string GameTitle(const Table& t);
 /// The state of the program that ended last, or of the game that the command line named (`given`, empty: none). True
 /// when a game was opened; else the table has what SubMain made of it.
 bool OpenGameAtStart(Table& t, const std::string& given, const GameHost& host);
-/// Keeps the state for the next start. False after a fault, which was told.
+/// Keeps the state for the next start, in UserPath, which is made when missing. False after a fault, which was told.
 bool SaveGameAtExit(Table& t, const GameHost& host);
 
 enum class UnsavedGame { Unchanged, Save, Discard, Cancel };

@@ -31,7 +31,7 @@ std::string ShortName(const std::string& path) {
     return mark == std::string::npos ? path : path.substr(mark + 1);
 }
 
-bool FileExists(const std::string& path) {
+bool IsFile(const std::string& path) {
     std::error_code error;
     return IsName(path) && std::filesystem::is_regular_file(path, error);
 }

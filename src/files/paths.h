@@ -16,8 +16,8 @@ std::string PathIn(const std::string& folder, const std::string& name);
 /// The name behind the last of ":", "\" and "/".
 std::string ShortName(const std::string& path);
 
-/// Whether `path` leads to a file (no folder).
-bool FileExists(const std::string& path);
+/// Whether `path` leads to a file: no folder, no device.
+bool IsFile(const std::string& path);
 
 /// When the file was changed last, in local time: "2024-12-31 23:59:59"; empty when there is none.
 std::string FileDateText(const std::string& path);
