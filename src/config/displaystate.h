@@ -146,6 +146,7 @@ struct CheckStacksView {
 // --- logs ---
 
 struct EventsLogView {
+    std::string EventsLogFileName = "Events Log.txt";  ///< a relative one lies in the user's folder
     std::int32_t EventsLogTopLine = 1;
     std::int32_t EventsLogLineCount = 0;  ///< lines when the log was last shown
     std::int32_t EventsLogFontSize = FontSize::Normal;

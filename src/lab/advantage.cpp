@@ -5,6 +5,7 @@
 
 #include "config/advantagelines.h"
 #include "dice/probabilityfile.h"
+#include "lab/game.h"
 #include "lab/json.h"
 #include "lab/labtable.h"
 #include "lab/texttable.h"
@@ -20,7 +21,8 @@ constexpr int CannotUse = 2;
 /// The table that the options describe; returns what is wrong, or nothing.
 std::string SetUp(const AdvantageOptions& options, Table& t) {
     if (!options.Game.empty()) {
-        return options.Game + ": game files can't be read yet; describe the table with --set and --probabilities";
+        const std::string fault = OpenGameFor("advantage", t, options.Game);
+        if (!fault.empty()) return fault;
     }
     if (!options.Probabilities.empty()) {
         const std::string fault = ReadProbabilityFile(options.Probabilities, t.ProbabilityMatrix);

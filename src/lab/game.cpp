@@ -4,10 +4,13 @@
 #include <cstdlib>
 #include <memory>
 
+#include "dice/probabilityfile.h"
 #include "files/atomicfile.h"
 #include "files/gameimage.h"
 #include "files/paths.h"
 #include "lab/json.h"
+#include "lab/texttable.h"
+#include "table/screen.h"
 #include "table/session.h"
 
 namespace tarnwick::lab {
@@ -20,6 +23,16 @@ std::string Variable(const char* name) {
     const char* const value = std::getenv(name);
     return value == nullptr ? std::string() : value;
 }
+
+/// Tells on standard error what there is to tell, and leaves everything as it is.
+struct TellingScreen : SilentScreen {
+    explicit TellingScreen(const std::string& command) : Command(command) { KeepShown = false; }
+    Answer Show(const Message& message) override {
+        std::fprintf(stderr, "tarnwick-lab %s: %s\n", Command.c_str(), OneLine(message.Text).c_str());
+        return SilentScreen::Show(message);
+    }
+    const std::string& Command;
+};
 
 int Refuse(const std::string& file, const std::string& why) {
     std::fprintf(stderr, "tarnwick-lab game: %s: %s\n", file.c_str(), why.c_str());
@@ -96,6 +109,14 @@ GameHost LabGameHost() {
     host.OpenUnsavedMatrix = OpenUnsavedMatrix;
     host.SaveUnsavedMatrix = SaveUnsavedMatrix;
     return host;
+}
+
+std::string OpenGameFor(const std::string& command, Table& t, const std::string& path) {
+    TellingScreen screen(command);
+    t.Front = &screen;
+    const bool opened = OpenGame(t, path, LabGameHost());
+    t.Front = nullptr;
+    return opened ? std::string() : path + " can't be used";
 }
 
 }  // namespace tarnwick::lab

@@ -20,4 +20,8 @@ int ShowGame(const GameOptions& options);
 /// What games are opened and saved with here: the user's folder by the environment.
 GameHost LabGameHost();
 
+/// Makes the game of `path` the table's for subcommand `command`. What opening has to say goes to standard error; every
+/// question is declined. Returns what is wrong, or nothing; `t` is left without a front end.
+std::string OpenGameFor(const std::string& command, Table& t, const std::string& path);
+
 }  // namespace tarnwick::lab

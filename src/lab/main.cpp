@@ -10,6 +10,7 @@
 #include "lab/convert.h"
 #include "lab/dicecommands.h"
 #include "lab/events.h"
+#include "lab/figurescli.h"
 #include "lab/game.h"
 #include "lab/labtable.h"
 #include "lab/rollscli.h"
@@ -241,27 +242,30 @@ int Main(int argc, char** argv) {
     CLI::App* convert = app.add_subcommand("convert", "Writes a script of an earlier version as text");
     convert->add_option("old", raw.OldScript, "The script to read, of any form")->type_name("OLD")->required();
     convert->add_option("new", raw.NewScript, "The text file to write")->type_name("NEW")->required();
-    DiceCommands dice;
-    dice.AddTo(app);
     CLI::App* game = app.add_subcommand("game", "Prints every field of a game file");
     game->add_option("file", raw.Game, "The game file")->type_name("GAME.crp")->required();
     game->add_flag("--all", raw.AllFields, "Elements of arrays that are 0, too");
     AddFormat(*game, raw);
+    DiceCommands dice;
+    dice.AddTo(app);
     CLI::App* sessions = app.add_subcommand("sessions", "Sums up a Sessions Log");
     AddSessions(*sessions, raw);
     CLI::App* events = app.add_subcommand("events", "Prints or searches an Events Log");
     AddEvents(*events, raw);
     RollsCommandLine rolls;
     rolls.Add(app);
+    FiguresCommandLine figures;
+    figures.Add(app);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? 0 : BadUsage;
     }
     if (rolls.Parsed()) return rolls.Run();
+    if (figures.Parsed()) return figures.Run();
     if (check->parsed()) return StartCheck(raw);
-    if (const auto status = dice.Run()) return *status;
     if (game->parsed()) return ShowGame({raw.Game, raw.AllFields, raw.Format == "json"});
+    if (const auto status = dice.Run()) return *status;
     if (convert->parsed()) return Convert(raw.OldScript, raw.NewScript);
     if (sessions->parsed()) return StartSessions(raw);
     if (events->parsed()) return StartEvents(raw);

@@ -104,22 +104,11 @@ std::string PrepareScripts(Plan& plan) {
     return {};
 }
 
-/// Tells on standard error what opening a game has to say.
-struct OpeningScreen : SilentScreen {
-    Answer Show(const Message& message) override {
-        std::fprintf(stderr, "tarnwick-lab run: %s\n", OneLine(message.Text).c_str());
-        return SilentScreen::Show(message);
-    }
-};
-
 /// The game that every session starts from. Its scripts that are on are given to the sessions as those of players are.
 std::string OpenStart(Plan& plan) {
     Table& t = *plan.Start;
-    OpeningScreen screen;
-    t.Front = &screen;
-    const bool opened = OpenGame(t, plan.Options.Game, LabGameHost());
-    t.Front = nullptr;
-    if (!opened) return plan.Options.Game + " can't be used";
+    std::string fault = OpenGameFor("run", t, plan.Options.Game);
+    if (!fault.empty()) return fault;
     // Sessions at the same time would write the same files.
     if (t.DiceFileMode == 1) SetDiceFileMode(t, 0);
     t.EventsLogOn = false;
