@@ -180,7 +180,9 @@ void EmptyAllPositions(GameImage& image) {
 
 }  // namespace
 
-bool ReadGame(std::string_view bytes, GameImage& image) {
+namespace {
+
+bool ReadRecords(std::string_view bytes, GameImage& image) {
     GameReader reader(bytes);
     if (!VisitHeader(reader, image)) return false;
     if (!reader.Extended) SetDefaultsBeyondFormat(image);
@@ -202,6 +204,14 @@ bool ReadGame(std::string_view bytes, GameImage& image) {
     }
     image.T->PathPoints.clear();
     return VisitPath(reader, image);
+}
+
+}  // namespace
+
+bool ReadGame(std::string_view bytes, GameImage& image) {
+    const bool whole = ReadRecords(bytes, image);
+    image.PathPointCount = static_cast<std::int32_t>(image.T->PathPoints.size());  // those that were there
+    return whole;
 }
 
 }  // namespace tarnwick

@@ -400,6 +400,7 @@ TEST_F(GameFileTest, AFileCutAtAnyRecordLeavesATableThatPlays) {
         if (records % 122 != 1 && records > 35 && (records < 400 || records > 420)) continue;
         GameImage image = ImageOf(B);
         ASSERT_FALSE(ReadGame(cut, image)) << records;
+        ASSERT_EQ(FullAt(image.PathPointCount), image.T->PathPoints.size()) << records;
         const std::string now = BytesOf(TableOfImage(image));
         if (now == last) continue;
         last = now;
