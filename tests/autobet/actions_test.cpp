@@ -240,11 +240,11 @@ class ScriptFiles : public testing::Test {
     std::filesystem::path Folder;
     ScriptTable S;
     void SetUp() override {
-        Folder = std::filesystem::path(testing::TempDir()) / ("script-files-" + std::to_string(getpid()));
+        Folder = std::filesystem::path(testing::TempDir()) / ("script-files-" + std::to_string(getpid())) / "game";
         std::filesystem::create_directories(Folder);
         S.T.GameFolder = Folder.string();
     }
-    void TearDown() override { std::filesystem::remove_all(Folder); }
+    void TearDown() override { std::filesystem::remove_all(Folder.parent_path()); }
     std::string Content(const std::string& name) const {
         std::ifstream file(Folder / name, std::ios::binary);
         return {std::istreambuf_iterator<char>(file), {}};
