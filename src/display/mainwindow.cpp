@@ -1,0 +1,7 @@
+#include "display/mainwindow.h"
+
+namespace tarnwick {
+
+MainWindow::MainWindow() { setWindowTitle(QStringLiteral("Tarnwick")); }
+
+}  // namespace tarnwick
