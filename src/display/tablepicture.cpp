@@ -125,13 +125,7 @@ QImage TablePicture(Table& t, QSize size, double pixelRatio) {
     QImage image = PaintFelt(t, size, pixelRatio);
     QPainter painter(&image);
     TablePainter().Paint(painter, t, pixelRatio, {});
-    if (t.StatusAlign == StatusPlace::NearPlayers) {
-        const auto places = PlacesNearPlayers(t, size, StatusBoxSize(t, painter.font()));
-        for (int p = 1; p <= 8; ++p) {
-            if (!IsSeated(t, p)) continue;
-            PaintStatusBox(painter, places[static_cast<std::size_t>(p)], StatusBoxOf(t, p), painter.font());
-        }
-    }
+    if (t.StatusAlign == StatusPlace::NearPlayers) PaintBoxesNearPlayers(painter, t, size, painter.font());
     return image;
 }
 

@@ -1,6 +1,17 @@
 #include "display/felt/feltoutline.h"
 
+#include <algorithm>
+#include <cmath>
+
 namespace tarnwick {
+
+double DistanceFrom(const RoundedBox& box, QPointF point) {
+    const double middle = (box.Top + box.Bottom) / 2;
+    const double radius = point.y() < middle ? box.TopRadius : box.BottomRadius;
+    const double x = std::abs(point.x() - (box.Left + box.Right) / 2) - (box.Right - box.Left) / 2 + radius;
+    const double y = std::abs(point.y() - middle) - (box.Bottom - box.Top) / 2 + radius;
+    return x > 0 && y > 0 ? std::hypot(x, y) - radius : std::max(x, y) - radius;
+}
 
 QPainterPath PathOf(const RoundedBox& box) {
     const double top = 2 * box.TopRadius;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QPainterPath>
+#include <QPointF>
 
 namespace tarnwick {
 
@@ -22,6 +23,9 @@ constexpr RoundedBox Inset(const RoundedBox& box, double inset) {
     return {box.Left + inset,       box.Top + inset,         box.Right - inset,
             box.Bottom - inset,     box.TopRadius - inset, box.BottomRadius - inset};
 }
+
+/// Distance from the edge of `box`, negative inside.
+double DistanceFrom(const RoundedBox& box, QPointF point);
 
 QPainterPath PathOf(const RoundedBox& box);
 

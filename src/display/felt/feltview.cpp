@@ -98,7 +98,7 @@ void FeltView::paintEvent(QPaintEvent* event) {
     painter.setClipRegion(event->region());
     PaintBackground(painter);
     Painter.Paint(painter, T, devicePixelRatioF(), Moment);
-    if (T.StatusAlign == StatusPlace::NearPlayers) PaintStatusBoxes(painter);
+    if (T.StatusAlign == StatusPlace::NearPlayers) PaintBoxesNearPlayers(painter, T, size(), font());
 }
 
 void FeltView::PaintBackground(QPainter& painter) {
@@ -126,13 +126,6 @@ void FeltView::PaintStretched(QPainter& painter, const FeltKey& key) {
     painter.setTransform(TransformOf(Drawn).inverted() * now, true);
     painter.drawPixmap(0, 0, Felt);
     painter.restore();
-}
-
-void FeltView::PaintStatusBoxes(QPainter& painter) {
-    const auto places = PlacesNearPlayers(T, size(), StatusBoxSize(T, font()));
-    for (int p = 1; p <= 8; ++p) {
-        if (IsSeated(T, p)) PaintStatusBox(painter, places[static_cast<std::size_t>(p)], StatusBoxOf(T, p), font());
-    }
 }
 
 void FeltView::resizeEvent(QResizeEvent*) { PlaceTable(); }

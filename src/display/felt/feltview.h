@@ -64,7 +64,6 @@ class FeltView : public QWidget {
   private:
     void PaintBackground(QPainter& painter);
     void PaintStretched(QPainter& painter, const FeltKey& key);
-    void PaintStatusBoxes(QPainter& painter);
     void StepRing();
     void FollowRingTimer();
 

@@ -1,14 +1,17 @@
 #include "display/felt/statusboxes.h"
 
 #include <QFontMetrics>
+#include <QLineF>
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 #include "display/felt/dicepainter.h"
 #include "display/felt/feltcolors.h"
 #include "display/felt/feltlayout.h"
+#include "display/felt/feltoutline.h"
 #include "display/felt/felttransform.h"
 #include "table/crapcnst.h"
 #include "table/format.h"
@@ -31,6 +34,47 @@ QFont BoxFont(const QFont& font) {
     QFont small = font;
     small.setPixelSize(12);
     return small;
+}
+
+QPoint Within(QSize window, QSize box, QPoint corner) {
+    return {std::clamp(corner.x(), 2, std::max(2, window.width() - box.width() - 2)),
+            std::clamp(corner.y(), 2, std::max(2, window.height() - box.height() - 2))};
+}
+
+/// How much a box here hides: what is played on counts most, then the padded rail, then being far from the player.
+double CostOf(const QTransform& toTable, const QRect& box, QPointF player) {
+    constexpr int samples = 5;
+    double cost = QLineF(QRectF(box).center(), player).length() * 0.02;
+    for (int i = 0; i < samples * samples; ++i) {
+        const QPointF pixel(box.left() + box.width() * (i % samples) / (samples - 1.0),
+                            box.top() + box.height() * static_cast<double>(i / samples) / (samples - 1.0));
+        const QPointF point = toTable.map(pixel);
+        cost += DistanceFrom(RackBox, point) < 2 ? 3.0 : DistanceFrom(OuterBox, point) < 0 ? 0.7 : 0.0;
+    }
+    return cost;
+}
+
+/// Where around the name of player p a box stands best, given those that stand already.
+QPoint BestCorner(const Table& t, int p, QSize window, QSize box, const std::array<QRect, Positions>& taken) {
+    const QTransform toPixels = TableTransform(t);
+    const QTransform toTable = toPixels.inverted();
+    const QPointF name = toPixels.map(TheFelt().Seats[At(p)].NameCentre);
+    QPoint best = Within(window, box, name.toPoint());
+    double least = 1e9;
+    for (const double away : {10.0, 30.0, 60.0, 100.0}) {
+        for (int direction = 0; direction < 16; ++direction) {
+            const double angle = direction * std::numbers::pi / 8;
+            const QPointF centre = name + QPointF(std::cos(angle) * (box.width() / 2.0 + away),
+                                                  std::sin(angle) * (box.height() / 2.0 + away));
+            const QRect place(Within(window, box, (centre - QPointF(box.width() / 2.0, box.height() / 2.0)).toPoint()), box);
+            double cost = CostOf(toTable, place, name);
+            for (const QRect& other : taken) cost += other.intersects(place.adjusted(-2, -2, 2, 2)) ? 200 : 0;
+            if (cost >= least) continue;
+            least = cost;
+            best = place.topLeft();
+        }
+    }
+    return best;
 }
 
 }  // namespace
@@ -102,27 +146,33 @@ void PaintStatusBox(QPainter& painter, const QRect& place, const StatusBox& box,
     painter.restore();
 }
 
-std::array<QRect, Positions> PlacesNearPlayers(const Table& t, QSize window, QSize box) {
+QSize TightSize(const StatusBox& box, const QFont& font) {
+    const QFontMetrics metrics(BoxFont(font));
+    QFont bold = BoxFont(font);
+    bold.setBold(true);
+    int width = QFontMetrics(bold).horizontalAdvance(box.Name) + metrics.height() + 4;
+    for (const QString& line : box.Lines) width = std::max(width, metrics.horizontalAdvance(line));
+    const int lines = static_cast<int>(box.Lines.size()) + 1;
+    return {std::min(width, 180) + 2 * Margin + 4, lines * metrics.height() + 2 * Margin};
+}
+
+std::array<QRect, Positions> PlacesNearPlayers(const Table& t, QSize window, const QFont& font) {
     std::array<QRect, Positions> places;
-    const QTransform toPixels = TableTransform(t);
-    const QPointF middle = toPixels.map(QPointF(FeltSpace::CentreX, FeltSpace::CentreY));
-    const QRect room(QPoint(0, 0), window);
     for (int p = 1; p <= 8; ++p) {
-        QPoint corner(t.StatusBoxLeft[At(p)], t.StatusBoxTop[At(p)]);
-        if (corner.isNull()) {
-            // Outward from the name, so far that the box clears it.
-            const QPointF name = toPixels.map(TheFelt().Seats[At(p)].NameCentre);
-            const QPointF out = name - middle;
-            const double length = std::max(1.0, std::hypot(out.x(), out.y()));
-            const QPointF centre(name.x() + out.x() / length * (box.width() / 2.0 + 14),
-                                 name.y() + out.y() / length * (box.height() / 2.0 + 14));
-            corner = (centre - QPointF(box.width() / 2.0, box.height() / 2.0)).toPoint();
-        }
-        corner.setX(std::clamp(corner.x(), 2, std::max(2, room.width() - box.width() - 2)));
-        corner.setY(std::clamp(corner.y(), 2, std::max(2, room.height() - box.height() - 2)));
-        places[At(p)] = QRect(corner, box);
+        if (!IsSeated(t, p)) continue;
+        const QSize size = TightSize(StatusBoxOf(t, p), font);
+        const QPoint left(t.StatusBoxLeft[At(p)], t.StatusBoxTop[At(p)]);
+        const QPoint corner = left.isNull() ? BestCorner(t, p, window, size, places) : Within(window, size, left);
+        places[At(p)] = QRect(corner, size);
     }
     return places;
+}
+
+void PaintBoxesNearPlayers(QPainter& painter, const Table& t, QSize window, const QFont& font) {
+    const auto places = PlacesNearPlayers(t, window, font);
+    for (int p = 1; p <= 8; ++p) {
+        if (IsSeated(t, p)) PaintStatusBox(painter, places[At(p)], StatusBoxOf(t, p), font);
+    }
 }
 
 StatusStrip::StatusStrip(const Table& t, QWidget* parent) : QWidget(parent), T(t) {

@@ -42,14 +42,18 @@ QString StatusAmount(currency amount);
 /// The box of seated player p, with the lines that StatusLines asks for.
 StatusBox StatusBoxOf(const Table& t, int p);
 
-/// Size of one box with those lines, in pixels.
+/// Size of any player's box in a strip, and of a box that is no wider than its words, in pixels.
 QSize StatusBoxSize(const Table& t, const QFont& font);
+QSize TightSize(const StatusBox& box, const QFont& font);
 
 void PaintStatusBox(QPainter& painter, const QRect& place, const StatusBox& box, const QFont& font);
 
-/// Places of the boxes 1..8 near their players in a window of `window`: where the user left them, else outside the rail
-/// where there is room.
-std::array<QRect, Positions> PlacesNearPlayers(const Table& t, QSize window, QSize box);
+/// Places of the boxes of seated players near them in a window of `window`: where the user left them, else where they
+/// hide least of the table and of each other. Empty for empty positions.
+std::array<QRect, Positions> PlacesNearPlayers(const Table& t, QSize window, const QFont& font);
+
+/// All boxes near their players.
+void PaintBoxesNearPlayers(QPainter& painter, const Table& t, QSize window, const QFont& font);
 
 /// The strip along a side of the window. It hides itself when the boxes stand near the players or nobody plays.
 class StatusStrip : public QWidget {
