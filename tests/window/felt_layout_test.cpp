@@ -92,7 +92,8 @@ TEST(FeltLayoutTest, StacksLieInTheirBoxesAndApart) {
             }
             EXPECT_TRUE(inside) << BetName(row) << " of " << p;
             for (int q = p + 1; q <= 8; ++q) {
-                EXPECT_GE(Away(spot, felt.Spots[At(row)][At(q)]), diameter - 0.5) << BetName(row) << ' ' << p << ' ' << q;
+                EXPECT_GE(Away(spot, felt.Spots[At(row)][At(q)]), diameter - 0.5)
+                    << BetName(row) << ' ' << p << ' ' << q;
             }
         }
     }
@@ -119,8 +120,7 @@ TEST(FeltLayoutTest, LettersLieInTheirBoxesAndApart) {
     for (const FeltLabel& label : felt.Labels) {
         const QString text = LabelText(*t, label);
         for (const Typeface face : {Typeface::Serif, Typeface::Sans}) {
-            const QPainterPath path =
-                Lettering(text, face, label.CapHeight, label.Centre, label.Angle, label.Width);
+            const QPainterPath path = Lettering(text, face, label.CapHeight, label.Centre, label.Angle, label.Width);
             for (const FeltRegion& region : felt.Regions) {
                 if (region.Name != label.Region || !ShowTogether(region.Option, label.Option)) continue;
                 EXPECT_LT(AreaOf(path.subtracted(region.Path)), 0.5)

@@ -71,7 +71,8 @@ void PaintCheckVector(QPainter& painter, const CheckLook& look, const QString& t
     painter.scale(0.95, 0.95);
     painter.fillPath(EdgeSpots(style), look.Spots);
     painter.restore();
-    painter.setBrush(look.Inlay);
+    // On a small one the color counts, not the inlay.
+    painter.setBrush(large ? look.Inlay : look.Body.lighter(118));
     painter.setPen(QPen(look.Body.darker(125), large ? 0.05 : 0.1));
     painter.drawEllipse(QPointF(0, 0), large ? 0.64 : 0.55, large ? 0.64 : 0.55);
     if (large) {
@@ -219,11 +220,18 @@ QPointF CheckPainter::PaintStack(QPainter& painter, QPointF centre, double diame
 
 void PaintLammer(QPainter& painter, QPointF centre, double diameter, double degrees, Lammer lammer) {
     switch (lammer) {
-        case Lammer::None: return;
-        case Lammer::On: return PaintDisc(painter, centre, diameter, degrees, QColor(0xF7F7F2), Qt::black, QStringLiteral("ON"));
-        case Lammer::Off: return PaintDisc(painter, centre, diameter, degrees, QColor(0x202225), Qt::white, QStringLiteral("OFF"));
-        case Lammer::Buy: return PaintDisc(painter, centre, diameter, degrees, QColor(0xF5C518), QColor(0x33270A), QStringLiteral("BUY"));
-        case Lammer::Lay: return PaintDisc(painter, centre, diameter, degrees, QColor(0x6EC6F1), QColor(0x0A2740), QStringLiteral("LAY"));
+        case Lammer::None:
+            return;
+        case Lammer::On:
+            return PaintDisc(painter, centre, diameter, degrees, QColor(0xF7F7F2), Qt::black, QStringLiteral("ON"));
+        case Lammer::Off:
+            return PaintDisc(painter, centre, diameter, degrees, QColor(0x202225), Qt::white, QStringLiteral("OFF"));
+        case Lammer::Buy:
+            return PaintDisc(painter, centre, diameter, degrees, QColor(0xF5C518), QColor(0x33270A),
+                             QStringLiteral("BUY"));
+        case Lammer::Lay:
+            return PaintDisc(painter, centre, diameter, degrees, QColor(0x6EC6F1), QColor(0x0A2740),
+                             QStringLiteral("LAY"));
     }
 }
 

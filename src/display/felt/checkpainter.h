@@ -1,11 +1,11 @@
 // Checks, stacks of them, lammers and the puck: what lies on the felt and at the rail.
 #pragma once
 
+#include <QHash>
 #include <QPixmap>
 #include <QPointF>
-#include <QString>
-#include <QHash>
 #include <QRectF>
+#include <QString>
 #include <array>
 #include <string>
 #include <vector>

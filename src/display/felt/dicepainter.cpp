@@ -24,7 +24,7 @@ constexpr int Stationary = 1;
 constexpr int StationaryCentre = 2;
 
 /// Pips of a face on a 3 x 3 grid, one bit a place from the upper left.
-constexpr std::array<int, 7> PipPlaces = {0, 0b000010000, 0b001000100, 0b001010100,
+constexpr std::array<int, 7> PipPlaces = {0,           0b000010000, 0b001000100, 0b001010100,
                                           0b101000101, 0b101010101, 0b101101101};
 
 void PaintPips(QPainter& painter, double size, int face, const DieLook& look) {

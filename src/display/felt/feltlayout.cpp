@@ -53,8 +53,9 @@ class Reader {
 
     LayoutOption Option(const QJsonObject& from) {
         static const std::map<QString, LayoutOption> names = {
-            {"", LayoutOption::Always},       {"Big68", LayoutOption::Big68}, {"Midway", LayoutOption::Midway},
-            {"NoMidway", LayoutOption::NoMidway}, {"Fire", LayoutOption::Fire},   {"CenterProps", LayoutOption::CenterProps}};
+            {"", LayoutOption::Always},       {"Big68", LayoutOption::Big68},
+            {"Midway", LayoutOption::Midway}, {"NoMidway", LayoutOption::NoMidway},
+            {"Fire", LayoutOption::Fire},     {"CenterProps", LayoutOption::CenterProps}};
         const auto found = names.find(from[QLatin1String("option")].toString());
         if (found == names.end()) Fail(QStringLiteral("unknown option"));
         return found == names.end() ? LayoutOption::Always : found->second;
@@ -209,12 +210,18 @@ void SpreadDiameters(FeltLayout& felt) {
 
 bool IsShown(const Table& t, LayoutOption option) {
     switch (option) {
-        case LayoutOption::Always: return true;
-        case LayoutOption::Big68: return t.UseBig68;
-        case LayoutOption::Midway: return t.UseMidwayBet;
-        case LayoutOption::NoMidway: return !t.UseMidwayBet;
-        case LayoutOption::Fire: return t.UseFireBet;
-        case LayoutOption::CenterProps: return t.DisplayCenterProps;
+        case LayoutOption::Always:
+            return true;
+        case LayoutOption::Big68:
+            return t.UseBig68;
+        case LayoutOption::Midway:
+            return t.UseMidwayBet;
+        case LayoutOption::NoMidway:
+            return !t.UseMidwayBet;
+        case LayoutOption::Fire:
+            return t.UseFireBet;
+        case LayoutOption::CenterProps:
+            return t.DisplayCenterProps;
     }
     return true;
 }

@@ -20,8 +20,8 @@ constexpr double WallDepth = 38;  ///< where the felt begins
 
 /// `box` with every side moved inward by `inset`.
 constexpr RoundedBox Inset(const RoundedBox& box, double inset) {
-    return {box.Left + inset,       box.Top + inset,         box.Right - inset,
-            box.Bottom - inset,     box.TopRadius - inset, box.BottomRadius - inset};
+    return {box.Left + inset,   box.Top + inset,       box.Right - inset,
+            box.Bottom - inset, box.TopRadius - inset, box.BottomRadius - inset};
 }
 
 /// Distance from the edge of `box`, negative inside.

@@ -122,10 +122,11 @@ void PaintLabels(QPainter& painter, const Table& t, const QTransform& toPixels) 
         if (!IsShown(t, label.Option)) continue;
         const QString text = LabelText(t, label);
         if (text.isEmpty()) continue;
-        const QPainterPath path = toPixels.map(
-            Lettering(text, Typeface::Serif, label.CapHeight, label.Centre, label.Angle, label.Width));
-        const QColor color = LabelColor(t, label);
+        const QPainterPath path =
+            toPixels.map(Lettering(text, Typeface::Serif, label.CapHeight, label.Centre, label.Angle, label.Width));
+        QColor color = LabelColor(t, label);
         if (label.Kind == LabelKind::RailLetters) {
+            if (ContrastOf(color, FeltColor(t, ColorIndex::RailOutside)) < LeastContrast) color = lines;
             painter.fillPath(path.translated(scale * 0.6, scale * 0.7), QColor(0, 0, 0, 160));
         } else if (label.Kind != LabelKind::Caption && ContrastOf(color, felt) < LeastContrast) {
             const double width = std::clamp(label.CapHeight * 0.16, 0.9, 1.8) * scale;
@@ -171,7 +172,7 @@ FeltKey FeltKeyOf(const Table& t, QSize size, double pixelRatio) {
     key.PixelRatio = pixelRatio;
     key.View = {t.TableWidth, t.TableAngle, t.TableOffsetX, t.TableOffsetY};
     key.Colors = t.TableColors;
-    key.Options = {t.UseBig68,       t.UseMidwayBet,   t.UseFireBet,    t.DisplayCenterProps,
+    key.Options = {t.UseBig68,       t.UseMidwayBet,   t.UseFireBet, t.DisplayCenterProps,
                    t.SpotlightLevel, t.TexturePicture, t.BarDont};
     key.Payoffs = t.Payoff;
     key.FieldPayoffs = t.FieldPayoff;

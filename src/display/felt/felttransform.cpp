@@ -65,7 +65,8 @@ QSize RoomOf(const Table& t, QSize window) {
 QTransform TableTransform(const TableView& view) {
     const double along = view.TableScale * view.TableCos;
     const double across = view.TableScale * view.TableSin;
-    return {along, -across, across, along, static_cast<double>(view.TableOffsetX), static_cast<double>(view.TableOffsetY)};
+    return {
+        along, -across, across, along, static_cast<double>(view.TableOffsetX), static_cast<double>(view.TableOffsetY)};
 }
 
 QPoint TableToScreen(const TableView& view, QPointF tablePoint) {
@@ -97,14 +98,22 @@ void RotateCCW(Table& t, HeldCentre& held, int modifier) { Rotate(t, held, modif
 
 void MoveTable(Table& t, MoveDirection direction, int modifier, QSize window) {
     constexpr int step = 50;
-    const QRectF corners = TableTransform(t).mapRect(
-        QRectF(QPointF(0, FeltSpace::Top), QPointF(FeltSpace::Width, FeltSpace::Bottom)));
+    const QRectF corners =
+        TableTransform(t).mapRect(QRectF(QPointF(0, FeltSpace::Top), QPointF(FeltSpace::Width, FeltSpace::Bottom)));
     const bool toEdge = modifier != 0;
     switch (direction) {
-        case MoveDirection::Up: t.TableOffsetY += toEdge ? Rounded(-corners.top()) : -step; break;
-        case MoveDirection::Down: t.TableOffsetY += toEdge ? Rounded(window.height() - corners.bottom()) : step; break;
-        case MoveDirection::Left: t.TableOffsetX += toEdge ? Rounded(-corners.left()) : -step; break;
-        case MoveDirection::Right: t.TableOffsetX += toEdge ? Rounded(window.width() - corners.right()) : step; break;
+        case MoveDirection::Up:
+            t.TableOffsetY += toEdge ? Rounded(-corners.top()) : -step;
+            break;
+        case MoveDirection::Down:
+            t.TableOffsetY += toEdge ? Rounded(window.height() - corners.bottom()) : step;
+            break;
+        case MoveDirection::Left:
+            t.TableOffsetX += toEdge ? Rounded(-corners.left()) : -step;
+            break;
+        case MoveDirection::Right:
+            t.TableOffsetX += toEdge ? Rounded(window.width() - corners.right()) : step;
+            break;
     }
     t.AutoSizeTable = false;
     t.GameChanged = true;

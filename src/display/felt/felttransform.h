@@ -11,8 +11,8 @@ namespace tarnwick {
 
 struct Table;
 
-/// X = x A + y D + TableOffsetX and Y = y C - x B + TableOffsetY, where A = C = TableScale cos and B = D = TableScale sin:
-/// a positive angle turns the picture counter-clockwise.
+/// X = x A + y D + TableOffsetX and Y = y C - x B + TableOffsetY, where A = C = TableScale cos and B = D = TableScale
+/// sin: a positive angle turns the picture counter-clockwise.
 QTransform TableTransform(const TableView& view);
 
 /// The same rounded to whole pixels, half to even.
@@ -34,8 +34,8 @@ QPointF CentreOf(const TableView& view, HeldCentre& held);
 /// Shift and Ctrl as the buttons count them: 1, 2 or 3 for both.
 int ModifierValue(Qt::KeyboardModifiers modifiers);
 
-/// The size grows or shrinks about the held centre: by 5 % plain, 25 % with Shift, 1 % with Ctrl, to the limit with both.
-/// At the limit a plain press does nothing.
+/// The size grows or shrinks about the held centre: by 5 % plain, 25 % with Shift, 1 % with Ctrl, to the limit with
+/// both. At the limit a plain press does nothing.
 void ZoomIn(Table& t, HeldCentre& held, int modifier);
 void ZoomOut(Table& t, HeldCentre& held, int modifier);
 

@@ -145,7 +145,8 @@ void FeltView::mouseDoubleClickEvent(QMouseEvent* event) { mousePressEvent(event
 void FeltView::mouseMoveEvent(QMouseEvent* event) {
     const int value = hotSpot(event->pos());
     const bool hand = IsBetSpot(value) || RailPlayer(value) != 0 || dieAt(event->pos()) != 0;
-    if (hand != (cursor().shape() == Qt::PointingHandCursor)) setCursor(hand ? Qt::PointingHandCursor : Qt::ArrowCursor);
+    if (hand != (cursor().shape() == Qt::PointingHandCursor))
+        setCursor(hand ? Qt::PointingHandCursor : Qt::ArrowCursor);
     UnderMouse = value;
     emit hotSpotMoved(value);
 }

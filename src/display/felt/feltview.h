@@ -72,12 +72,12 @@ class FeltView : public QWidget {
     TablePainter Painter;
     TableMoment Moment;
     QPixmap Felt;
-    FeltKey Drawn;        ///< of Felt
+    FeltKey Drawn;  ///< of Felt
     bool SharpNow = true;
     QTimer SharpenTimer;
     QTimer tmrCheckRing;
     HotSpotMap Map;
-    FeltKey Mapped;       ///< of Map
+    FeltKey Mapped;  ///< of Map
     QPoint Pressed;
     int UnderMouse = 0;
 };

@@ -14,7 +14,8 @@ struct Table;
 namespace HotSpot {
 constexpr int Nothing = 0xFFFFFF;
 constexpr int Outline = 996;  ///< the edge of the table
-constexpr int Rail = 1000;    ///< 1000 p + m: player p's place; m 0 area and name, 1..5 a check, 11..14 a CheckStack shown
+constexpr int Rail =
+    1000;  ///< 1000 p + m: player p's place; m 0 area and name, 1..5 a check, 11..14 a CheckStack shown
 }  // namespace HotSpot
 
 /// Player of a rail value 1000..8999; 0 for other values.

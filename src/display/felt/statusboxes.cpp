@@ -66,7 +66,8 @@ QPoint BestCorner(const Table& t, int p, QSize window, QSize box, const std::arr
             const double angle = direction * std::numbers::pi / 8;
             const QPointF centre = name + QPointF(std::cos(angle) * (box.width() / 2.0 + away),
                                                   std::sin(angle) * (box.height() / 2.0 + away));
-            const QRect place(Within(window, box, (centre - QPointF(box.width() / 2.0, box.height() / 2.0)).toPoint()), box);
+            const QRect place(Within(window, box, (centre - QPointF(box.width() / 2.0, box.height() / 2.0)).toPoint()),
+                              box);
             double cost = CostOf(toTable, place, name);
             for (const QRect& other : taken) cost += other.intersects(place.adjusted(-2, -2, 2, 2)) ? 200 : 0;
             if (cost >= least) continue;
@@ -88,13 +89,15 @@ QString StatusAmount(currency amount) {
 StatusBox StatusBoxOf(const Table& t, int p) {
     StatusBox box;
     box.Name = QString::fromStdString(t.PlayerName[At(p)]);
-    if (t.StatusLines & StatusLine::Bankroll) box.Lines += QStringLiteral("Bankroll:  ") + StatusAmount(t.Bankroll[At(p)]);
+    if (t.StatusLines & StatusLine::Bankroll)
+        box.Lines += QStringLiteral("Bankroll:  ") + StatusAmount(t.Bankroll[At(p)]);
     if (t.StatusLines & StatusLine::Rail) {
         box.Lines += QStringLiteral("Rail:  ") + StatusAmount(t.Bankroll[At(p)] - t.BetsOnTable[At(p)]);
     }
     if (t.StatusLines & StatusLine::Bets) {
         const int bets = BetsUp(t, p);
-        const QString head = bets == 1 ? QStringLiteral("1 Bet:  ") : QString::number(bets) + QStringLiteral(" Bets:  ");
+        const QString head =
+            bets == 1 ? QStringLiteral("1 Bet:  ") : QString::number(bets) + QStringLiteral(" Bets:  ");
         box.Lines += head + StatusAmount(t.BetsOnTable[At(p)]);
     }
     if (t.StatusLines & StatusLine::Result) {
@@ -180,11 +183,14 @@ StatusStrip::StatusStrip(const Table& t, QWidget* parent) : QWidget(parent), T(t
     Refresh();
 }
 
-bool StatusStrip::IsUpright() const { return T.StatusAlign == StatusPlace::Left || T.StatusAlign == StatusPlace::Right; }
+bool StatusStrip::IsUpright() const {
+    return T.StatusAlign == StatusPlace::Left || T.StatusAlign == StatusPlace::Right;
+}
 
 QSize StatusStrip::sizeHint() const {
     const QSize box = StatusBoxSize(T, font());
-    return IsUpright() ? QSize(box.width() + 4, 8 * (box.height() + 2) + 4) : QSize(8 * (box.width() + 2), box.height() + 4);
+    return IsUpright() ? QSize(box.width() + 4, 8 * (box.height() + 2) + 4)
+                       : QSize(8 * (box.width() + 2), box.height() + 4);
 }
 
 QSize StatusStrip::minimumSizeHint() const {

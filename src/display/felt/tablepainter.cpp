@@ -70,8 +70,8 @@ void PaintName(QPainter& painter, const Table& t, int p) {
     const RailSeat& seat = TheFelt().Seats[At(p)];
     const QString name = QString::fromStdString(t.PlayerName[At(p)]);
     const bool bettor = p == t.ActivePlayer;
-    const QPainterPath letters = Lettering(name, Typeface::Sans, seat.NameCapHeight, seat.NameCentre, seat.NameAngle, 0,
-                                           seat.NameWidth);
+    const QPainterPath letters =
+        Lettering(name, Typeface::Sans, seat.NameCapHeight, seat.NameCentre, seat.NameAngle, 0, seat.NameWidth);
     QColor color = bettor ? RingColor : QColor(0xF1EEE6);
     if (ContrastOf(color, FeltColor(t, ColorIndex::RailOutside)) < LeastContrast) {
         painter.strokePath(letters, QPen(QColor(0, 0, 0, 220), 2.4, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
@@ -84,7 +84,8 @@ void PaintName(QPainter& painter, const Table& t, int p) {
     QTransform along;
     along.rotate(seat.NameAngle);
     const QPointF beside = seat.NameCentre - along.map(QPointF(half + 9, 0));
-    PaintDie(painter, beside, 9.5, seat.NameAngle, 5, {FeltColor(t, ColorIndex::Die1), FeltColor(t, ColorIndex::Pips1)});
+    PaintDie(painter, beside, 9.5, seat.NameAngle, 5,
+             {FeltColor(t, ColorIndex::Die1), FeltColor(t, ColorIndex::Pips1)});
 }
 
 }  // namespace

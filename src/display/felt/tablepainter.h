@@ -11,8 +11,8 @@ struct Table;
 
 /// What one picture shows beside the state of the table.
 struct TableMoment {
-    double Throw = 1;      ///< 0..1 of a throw of the dice, 1 at rest
-    bool RingLit = true;   ///< the ring at the selected check and around the active player's bets
+    double Throw = 1;     ///< 0..1 of a throw of the dice, 1 at rest
+    bool RingLit = true;  ///< the ring at the selected check and around the active player's bets
 };
 
 /// Draws everything over the felt, in pixels of the window.
