@@ -9,6 +9,7 @@
 
 #include "display/felt/feltcolors.h"
 #include "display/felt/feltpainter.h"
+#include "display/felt/feltsurface.h"
 #include "display/felt/felttransform.h"
 #include "display/felt/statusboxes.h"
 #include "display/felt/tablepainter.h"
@@ -28,6 +29,9 @@ struct Request {
     QSize Size{1248, 700};
     double PixelRatio = 1;
     int Preset = -1;
+    int Spotlight = 0;
+    int Floor = 0;
+    bool Numbers = false;
 };
 
 /// Reads "1248x560"; nothing for other text or a size that no window has.
@@ -45,9 +49,10 @@ std::optional<QSize> SizeOf(const QString& text) {
 Request ReadRequest(const QStringList& arguments, QString& fault) {
     QCommandLineParser parser;
     const QString value = QStringLiteral("value");
-    for (const char* name : {"picture", "width", "angle", "size", "ratio", "colors"}) {
+    for (const char* name : {"picture", "width", "angle", "size", "ratio", "colors", "spotlight", "floor"}) {
         parser.addOption({QString::fromLatin1(name), QString(), value});
     }
+    parser.addOption(QCommandLineOption(QStringLiteral("numbers")));
     Request request;
     if (!parser.parse(arguments)) fault = parser.errorText();
     const auto number = [&](const char* name, int low, int high, int otherwise) {
@@ -64,6 +69,9 @@ Request ReadRequest(const QStringList& arguments, QString& fault) {
     request.Angle = number("angle", -360, 360, 0);
     request.PixelRatio = number("ratio", 100, 400, 100) / 100.0;
     request.Preset = number("colors", 0, static_cast<int>(ColorPresets().size()) - 1, -1);
+    request.Spotlight = number("spotlight", 0, 3, 0);
+    request.Floor = number("floor", 0, static_cast<int>(FloorTextures().size()) - 1, 0);
+    request.Numbers = parser.isSet(QStringLiteral("numbers"));
     if (parser.isSet(QStringLiteral("size"))) {
         const auto size = SizeOf(parser.value(QStringLiteral("size")));
         if (!size) fault = QStringLiteral("--size takes WIDTHxHEIGHT, 50 to 10000 each");
@@ -148,6 +156,9 @@ std::optional<int> RunPictureCommand(int argc, char** argv) {
     SubMain(*table, &front);
     PlayTypicalGame(*table);
     if (request.Preset >= 0) SetColorPreset(*table, request.Preset);
+    table->SpotlightLevel = request.Spotlight;
+    table->TexturePicture = request.Floor;
+    table->DisplayBetsAsNumbers = request.Numbers;
     table->StatusAlign = StatusPlace::NearPlayers;
     HeldCentre held;
     SetTableAngle(*table, request.Angle);

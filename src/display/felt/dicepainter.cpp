@@ -69,7 +69,8 @@ void PaintDie(QPainter& painter, QPointF centre, double size, double degrees, in
     painter.rotate(degrees);
     const double half = size / 2;
     const QRectF square(-half, -half, size, size);
-    const double corner = size * (look.Casts ? 0.2 : 0.16);
+    const double roundness = look.Picture == 0 ? 0.04 : look.Picture == 1 ? 0.11 : 0.2;
+    const double corner = size * (look.Casts ? roundness : 0.16);
     QLinearGradient body(QPointF(-half, -half), QPointF(half, half));
     body.setColorAt(0, look.Body.lighter(look.Casts ? 128 : 112));
     body.setColorAt(0.5, look.Body);
@@ -126,7 +127,8 @@ void PaintDice(QPainter& painter, const Table& t, double moment) {
     const auto poses = DicePoses(t, moment);
     for (int die = 0; die < 2; ++die) {
         const DiePose& pose = poses[At(die)];
-        const DieLook look{FeltColor(t, ColorIndex::Die1 + 2 * die), FeltColor(t, ColorIndex::Pips1 + 2 * die), true};
+        const DieLook look{FeltColor(t, ColorIndex::Die1 + 2 * die), FeltColor(t, ColorIndex::Pips1 + 2 * die), true,
+                           t.DieFacePicture};
         PaintDie(painter, pose.Centre, pose.Size, pose.Degrees, pose.Face, look);
     }
 }

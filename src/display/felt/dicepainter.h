@@ -16,6 +16,7 @@ struct DieLook {
     QColor Body;
     QColor Pips;
     bool Casts = false;  ///< has a shadow and a bevel: lies on the felt instead of being printed there
+    int Picture = 2;     ///< DieFacePicture: 0 sharp corners, 1 slightly rounded, else round
 };
 
 /// A die's face 1..6, `size` wide, centred on `centre` and turned clockwise by `degrees`, in the painter's units.
