@@ -7,6 +7,7 @@
 #include <memory>
 
 #include "display/felt/feltpainter.h"
+#include "display/felt/feltsurface.h"
 #include "display/felt/felttransform.h"
 #include "display/felt/feltview.h"
 #include "display/felt/hotspotmap.h"
@@ -47,6 +48,14 @@ BENCHMARK(WholeFelt)
     ->Args({30, 200})
     ->Unit(benchmark::kMillisecond)
     ->UseRealTime();
+
+void SurfaceAlone(benchmark::State& state) {
+    BenchFelt bench(static_cast<int>(state.range(0)));
+    QImage image(bench.Window, QImage::Format_RGB32);
+    const SurfaceColors colors{Qt::darkBlue, Qt::darkYellow, Qt::black, Qt::blue};
+    for (auto _ : state) ShadeSurface(image, TableTransform(bench.T), colors, 1, 1);
+}
+BENCHMARK(SurfaceAlone)->Arg(0)->Arg(30)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 void FeltAt5000(benchmark::State& state) {
     BenchFelt bench(static_cast<int>(state.range(0)));

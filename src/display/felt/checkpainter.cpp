@@ -245,6 +245,7 @@ void PaintFigure(QPainter& painter, QPointF centre, double height, currency amou
     QFont font(QStringLiteral("Arial"));
     font.setPixelSize(std::max(8, static_cast<int>(std::lround(height))));
     font.setBold(true);
+    painter.save();
     painter.setFont(font);
     const QFontMetricsF metrics(font);
     const double margin = font.pixelSize() * 0.22;
@@ -255,6 +256,7 @@ void PaintFigure(QPainter& painter, QPointF centre, double height, currency amou
     painter.drawRoundedRect(plate, margin, margin);
     painter.setPen(Qt::black);
     painter.drawText(QPointF(plate.left() + margin, centre.y() + metrics.capHeight() / 2), text);
+    painter.restore();
 }
 
 }  // namespace tarnwick

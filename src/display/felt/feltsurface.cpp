@@ -166,8 +166,8 @@ class Shader {
             const float near = 1 - std::max(0.0f, depth) / 70;
             k *= 1 - 0.30f * near * near * near;
         }
-        k += 0.028f * Noise().Cell(px, py) + 0.014f * Noise().Cell(px >> 1, py + 128);
-        return Felt * k + 0.6f * Noise().Cell(py, px);
+        k += 0.028f * Grain.Cell(px, py) + 0.014f * Grain.Cell(px >> 1, py + 128);
+        return Felt * k + 0.6f * Grain.Cell(px + 57, py + 91);
     }
 
     Shade RoomAt(float x, float y, float distance, int px, int py) const {
@@ -181,7 +181,7 @@ class Shader {
             k *= 1 - 0.52f * shadow * shadow;
         }
         if (Darkness > 0) k *= 1 - Darkness * (0.62f + 0.38f * std::min(1.0f, distance / 240));
-        return Floor * k + 0.7f * Noise().Cell(px, py);
+        return Floor * k + 0.7f * Grain.Cell(px, py);
     }
 
     Shade RailAt(const Edge& outer, const Edge& rack, float x, float y) const {
@@ -192,7 +192,7 @@ class Shader {
         const float light = Light(side, lean);
         const float light2 = light * light;
         const float light8 = light2 * light2 * light2 * light2;
-        const float grain = 1 + 0.10f * Noise().Smooth(x * 0.9f, y * 0.9f);
+        const float grain = 1 + 0.10f * Grain.Smooth(x * 0.9f, y * 0.9f);
         return Rail * ((0.30f + 0.95f * light) * grain) + 46 * light8 * light2 * grain;
     }
 
@@ -201,8 +201,8 @@ class Shader {
         const float light = Light(rack, 0.75f * (2 * across - 1));
         // The grain runs along the rack: along x on its long sides, along y at the ends, turning in the corners.
         const float along = x * rack.OutY - y * rack.OutX;
-        const float lines = Noise().Smooth(along / 46.0f, -rack.Distance / 1.15f) +
-                            0.5f * Noise().Smooth(along / 13.0f + 71, -rack.Distance * 2.1f);
+        const float lines = Grain.Smooth(along / 46.0f, -rack.Distance / 1.15f) +
+                            0.5f * Grain.Smooth(along / 13.0f + 71, -rack.Distance * 2.1f);
         Shade shade = Rack * ((0.44f + 0.72f * light) * (1 + 0.075f * lines));
         for (const float groove : {6.0f, 16.0f, 26.0f}) {
             const float off = -rack.Distance - groove;
@@ -229,6 +229,7 @@ class Shader {
         return toFelt > -0.5f ? Mix(felt, wall, Clamp01(toFelt + 0.5f)) : felt;
     }
 
+    const NoiseField& Grain = Noise();
     Box OuterEdge{OuterBox};
     Box RackEdge{RackBox};
     Shade Felt, Rack, Rail, Floor;

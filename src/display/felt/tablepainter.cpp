@@ -95,7 +95,7 @@ QRectF BetExtent(const Table& t, int p, int row) {
     if (!spot) return {};
     const double diameter = DiameterOf(row) * t.TableScale;
     const QPointF centre = TableTransform(t).map(*spot);
-    const double around = std::max(diameter * 1.3, 12.0);
+    const double around = std::max(diameter * 1.4, 16.0);
     // Figures are wider than checks.
     const double beside = t.DisplayBetsAsNumbers ? std::max(around, diameter * 4 + 24) : around;
     return {centre.x() - beside, centre.y() - around, 2 * beside, 2 * around};
@@ -164,7 +164,7 @@ void TablePainter::PaintBet(QPainter& painter, const Table& t, int p, int row, c
     const currency amount = t.BetAmount(p, row);
     QPointF top = centre;
     if (t.DisplayBetsAsNumbers) {
-        PaintFigure(painter, centre, diameter * 0.8, amount);
+        PaintFigure(painter, centre, std::min(diameter * 0.8, 12 * t.TableScale), amount);
     } else if (amount < currency{}) {
         painter.setPen(QPen(QColor(0xB3261E), std::max(1.0, diameter * 0.1)));
         painter.setBrush(QColor(255, 235, 230, 210));
@@ -183,7 +183,9 @@ void TablePainter::PaintBet(QPainter& painter, const Table& t, int p, int row, c
     const Lammer lammer = LammerOf(t, p, row);
     if (lammer == Lammer::None) return;
     const double size = std::max(9.0, diameter * 0.78);
-    PaintLammer(painter, top + QPointF(diameter * 0.3, -diameter * 0.3), size, ClockwiseTurn(t), lammer);
+    // Beside the top of the stack, or above a figure, which must stay readable.
+    const QPointF beside = t.DisplayBetsAsNumbers ? QPointF(0, -size * 0.95) : QPointF(diameter * 0.3, -diameter * 0.3);
+    PaintLammer(painter, top + beside, size, ClockwiseTurn(t), lammer);
 }
 
 }  // namespace tarnwick
