@@ -90,7 +90,7 @@ void PaintCheckVector(QPainter& painter, const CheckLook& look, const QString& t
     painter.drawEllipse(QPointF(0, 0), 0.95, 0.95);
 }
 
-void PaintShadow(QPainter& painter, QPointF centre, double radius) {
+void PaintDiscShadow(QPainter& painter, QPointF centre, double radius) {
     painter.setPen(Qt::NoPen);
     painter.setBrush(QColor(0, 0, 0, 70));
     painter.drawEllipse(centre + QPointF(radius * 0.10, radius * 0.16), radius * 1.05, radius * 1.05);
@@ -100,7 +100,7 @@ void PaintShadow(QPainter& painter, QPointF centre, double radius) {
 void PaintDisc(QPainter& painter, QPointF centre, double diameter, double degrees, const QColor& body,
                const QColor& letters, const QString& word) {
     const double radius = diameter / 2;
-    PaintShadow(painter, centre, radius);
+    PaintDiscShadow(painter, centre, radius);
     painter.save();
     painter.translate(centre);
     painter.rotate(degrees);
@@ -176,9 +176,9 @@ void CheckPainter::Prepare(const Table& t, double degrees, double pixelRatio) {
     Pictures.clear();
 }
 
-const QPixmap& CheckPainter::Picture(int denomination, double diameter) {
+const QPixmap& CheckPainter::Picture(int kind, double diameter) {
     const int pixels = std::clamp(static_cast<int>(std::lround(diameter * PixelRatio)), 4, 1000);
-    const int key = pixels * 8 + denomination;
+    const int key = pixels * 8 + kind;
     const auto found = Pictures.find(key);
     if (found != Pictures.end()) return *found;
     QPixmap picture(pixels + 2, pixels + 2);
@@ -186,17 +186,23 @@ const QPixmap& CheckPainter::Picture(int denomination, double diameter) {
     QPainter painter(&picture);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.translate(picture.width() / 2.0, picture.height() / 2.0);
-    painter.rotate(Degrees);
     painter.scale(pixels / 2.0, pixels / 2.0);
-    const QString text = DenominationText(Denominations[At(denomination)], CentsSymbol);
-    PaintCheckVector(painter, CheckLooks()[At(denomination)], text, Style, pixels >= 15);
+    if (kind == Shadow || kind == Slot) {
+        painter.setPen(kind == Slot ? QPen(QColor(0, 0, 0, 90), 0.09) : QPen(Qt::NoPen));
+        painter.setBrush(QColor(0, 0, 0, kind == Slot ? 26 : 75));
+        const double radius = kind == Slot ? 0.95 : 1.0;
+        painter.drawEllipse(QPointF(0, 0), radius, radius);
+    } else {
+        painter.rotate(Degrees);
+        const QString text = DenominationText(Denominations[At(kind)], CentsSymbol);
+        PaintCheckVector(painter, CheckLooks()[At(kind)], text, Style, pixels >= 15);
+    }
     painter.end();
     picture.setDevicePixelRatio(PixelRatio);
     return *Pictures.insert(key, picture);
 }
 
-void CheckPainter::PaintCheck(QPainter& painter, QPointF centre, double diameter, int denomination) {
-    const QPixmap& picture = Picture(denomination, diameter);
+void CheckPainter::PaintPicture(QPainter& painter, QPointF centre, const QPixmap& picture) const {
     const QSizeF size = picture.deviceIndependentSize();
     // On whole device pixels, or the picture is blurred.
     const double x = std::round((centre.x() - size.width() / 2) * PixelRatio) / PixelRatio;
@@ -204,10 +210,23 @@ void CheckPainter::PaintCheck(QPainter& painter, QPointF centre, double diameter
     painter.drawPixmap(QPointF(x, y), picture);
 }
 
+void CheckPainter::PaintShadow(QPainter& painter, QPointF centre, double diameter) {
+    const QPointF beside = centre + QPointF(diameter * 0.05, diameter * 0.08);
+    PaintPicture(painter, beside, Picture(Shadow, diameter * 1.05));
+}
+
+void CheckPainter::PaintSlot(QPainter& painter, QPointF centre, double diameter) {
+    PaintPicture(painter, centre, Picture(Slot, diameter));
+}
+
+void CheckPainter::PaintCheck(QPainter& painter, QPointF centre, double diameter, int denomination) {
+    PaintPicture(painter, centre, Picture(denomination, diameter));
+}
+
 QPointF CheckPainter::PaintStack(QPainter& painter, QPointF centre, double diameter, currency amount) {
     const std::vector<int> checks = ChecksOf(Denominations, amount, MostChecks);
     if (checks.empty()) return centre;
-    PaintShadow(painter, centre, diameter / 2);
+    PaintShadow(painter, centre, diameter);
     const double steps = static_cast<double>(checks.size()) - 1;
     const double step = std::min(Rise * diameter, steps > 0 ? HighestRise * diameter / steps : 0.0);
     QPointF at = centre;

@@ -39,20 +39,28 @@ class CheckPainter {
     /// Forgets pictures that no longer fit. `degrees` is how far the table is turned clockwise on the screen.
     void Prepare(const Table& t, double degrees, double pixelRatio);
 
+    /// The shadow of a check there.
+    void PaintShadow(QPainter& painter, QPointF centre, double diameter);
+    /// The empty place of a CheckStack.
+    void PaintSlot(QPainter& painter, QPointF centre, double diameter);
     /// One check of denomination 1..5.
     void PaintCheck(QPainter& painter, QPointF centre, double diameter, int denomination);
     /// The stack of an amount with its lowest check on `centre`; returns the centre of the topmost one.
     QPointF PaintStack(QPainter& painter, QPointF centre, double diameter, currency amount);
 
   private:
-    const QPixmap& Picture(int denomination, double diameter);
+    static constexpr int Shadow = 0;  ///< pictures beside those of denominations 1..5
+    static constexpr int Slot = 6;
+
+    const QPixmap& Picture(int kind, double diameter);
+    void PaintPicture(QPainter& painter, QPointF centre, const QPixmap& picture) const;
 
     std::array<currency, 6> Denominations{};
     bool CentsSymbol = true;
     int Style = 0;
     double Degrees = 0;
     double PixelRatio = 1;
-    QHash<int, QPixmap> Pictures;  ///< by denomination and diameter in device pixels
+    QHash<int, QPixmap> Pictures;  ///< by kind and diameter in device pixels
 };
 
 void PaintLammer(QPainter& painter, QPointF centre, double diameter, double degrees, Lammer lammer);

@@ -120,15 +120,13 @@ void TablePainter::PaintRail(QPainter& painter, const Table& t, const TableMomen
         painter.save();
         painter.setTransform(toPixels, true);
         PaintName(painter, t, p);
-        painter.setPen(QPen(QColor(0, 0, 0, 90), 0.9));
-        painter.setBrush(QColor(0, 0, 0, 26));
-        for (int slot = 1; slot <= 4; ++slot) painter.drawEllipse(seat.Stacks[At(slot)], 9.5, 9.5);
         painter.restore();
+        for (int slot = 1; slot <= 4; ++slot) {
+            Checks.PaintSlot(painter, toPixels.map(seat.Stacks[At(slot)]), diameter * 0.87);
+        }
         for (int check = 1; check <= 5; ++check) {
             const QPointF centre = toPixels.map(seat.Checks[At(check)]);
-            painter.setPen(Qt::NoPen);
-            painter.setBrush(QColor(0, 0, 0, 80));
-            painter.drawEllipse(centre + QPointF(diameter * 0.05, diameter * 0.08), diameter * 0.52, diameter * 0.52);
+            Checks.PaintShadow(painter, centre, diameter);
             Checks.PaintCheck(painter, centre, diameter, check);
         }
         for (int slot = 1; slot <= 4; ++slot) {
