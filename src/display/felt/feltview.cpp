@@ -157,7 +157,7 @@ void FeltView::leaveEvent(QEvent*) {
 }
 
 void FeltView::StepRing() {
-    if (T.HyperDriveActive) return;
+    if (T.HyperDriveActive || T.ActivePlayer == 0) return;
     Moment.RingLit = !Moment.RingLit;
     update();
 }

@@ -156,7 +156,10 @@ QSize TightSize(const StatusBox& box, const QFont& font) {
     int width = QFontMetrics(bold).horizontalAdvance(box.Name) + metrics.height() + 4;
     for (const QString& line : box.Lines) width = std::max(width, metrics.horizontalAdvance(line));
     const int lines = static_cast<int>(box.Lines.size()) + 1;
-    return {std::min(width, 180) + 2 * Margin + 4, lines * metrics.height() + 2 * Margin};
+    // In steps, so that boxes don't move about with every digit.
+    constexpr int step = 24;
+    width = (std::min(width, 192) + step - 1) / step * step;
+    return {width + 2 * Margin + 4, lines * metrics.height() + 2 * Margin};
 }
 
 std::array<QRect, Positions> PlacesNearPlayers(const Table& t, QSize window, const QFont& font) {
