@@ -30,7 +30,7 @@ endif()
 tarnwick_warnings(tarnwick_display)
 
 # Pictures, sounds and texts that the program carries inside itself, under their paths in assets/.
-file(GLOB_RECURSE carried RELATIVE "${PROJECT_SOURCE_DIR}/assets" CONFIGURE_DEPENDS
+file(GLOB_RECURSE carried CONFIGURE_DEPENDS
      "${PROJECT_SOURCE_DIR}/assets/*.json" "${PROJECT_SOURCE_DIR}/assets/*.svg" "${PROJECT_SOURCE_DIR}/assets/*.wav")
 if(carried)
     qt_add_resources(tarnwick_display assets PREFIX / BASE "${PROJECT_SOURCE_DIR}/assets" FILES ${carried})

@@ -3,8 +3,10 @@
 #include <QStyleFactory>
 
 #include "display/mainwindow.h"
+#include "display/tablepicture.h"
 
 int main(int argc, char** argv) {
+    if (const auto ended = tarnwick::RunPictureCommand(argc, argv)) return *ended;
     QApplication application(argc, argv);
     QApplication::setApplicationName("Tarnwick");
     QApplication::setApplicationVersion(TARNWICK_VERSION);
