@@ -1,14 +1,23 @@
 #include "display/mainwindow.h"
 
 #include <QAction>
+#include <QActionGroup>
 #include <QCloseEvent>
+#include <QElapsedTimer>
+#include <QGridLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QStatusBar>
+#include <QThread>
 
+#include "display/amountbox.h"
 #include "display/desktopscreen.h"
+#include "display/felt/feltview.h"
+#include "display/felt/statusboxes.h"
 #include "display/game.h"
+#include "display/movewindow.h"
 #include "display/newsessiondialog.h"
 #include "display/rollpad.h"
 #include "display/words.h"
@@ -25,6 +34,8 @@ namespace tarnwick {
 namespace {
 
 constexpr int AutoRollThrottle = 12;
+constexpr qint64 ThrowMilliseconds = 350;
+constexpr unsigned long ThrowFrame = 14;
 
 std::size_t At(int i) { return static_cast<std::size_t>(i); }
 
@@ -40,12 +51,14 @@ MainWindow::MainWindow() : Played(std::make_unique<Game>()) {
     StatusText = new QLabel;
     StatusText->setObjectName(QStringLiteral("lblStatus"));
     statusBar()->addWidget(StatusText, 1);
+    MakeTable();
     MakeGameMenu();
     MakePlayersMenu();
     MakeActionMenu();
     MakeViewMenu();
     MakeHelpMenu();
     ConnectScreen();
+    ConnectTable();
     Refresh();
 }
 
@@ -154,7 +167,61 @@ void MainWindow::MakeActionMenu() {
 
 void MainWindow::MakeViewMenu() {
     QMenu* menu = menuBar()->addMenu(tr("&View"));
+    AddSwitch(*menu, QStringLiteral("&Auto-size/center"), Qt::Key_F11, &Table::AutoSizeTable);
+    Add(*menu, QStringLiteral("&Zoom/rotate/move table"), Qt::Key_Z, [this] {
+        if (Mover == nullptr) {
+            Mover = new MoveWindow(this);
+            connect(Mover, &MoveWindow::stepWanted, this, &MainWindow::StepView);
+        }
+        Mover->show();
+        Mover->raise();
+    });
+    const std::pair<QString, std::pair<QKeySequence, ViewStep>> steps[] = {
+        {tr("Zoom &in"), {QKeySequence::ZoomIn, ViewStep::ZoomIn}},
+        {tr("Zoom &out"), {QKeySequence::ZoomOut, ViewStep::ZoomOut}},
+        {tr("Turn c&lockwise"), {QKeySequence(Qt::CTRL | Qt::Key_Right), ViewStep::RotateCW}},
+        {tr("Turn co&unter-clockwise"), {QKeySequence(Qt::CTRL | Qt::Key_Left), ViewStep::RotateCCW}},
+    };
+    for (const auto& [caption, step] : steps) {
+        Add(*menu, caption, step.first, [this, wanted = step.second] { StepView(wanted, 0); });
+    }
+    menu->addSeparator();
+    MakeViewMenus(*menu);
+    menu->addSeparator();
+    MakeStatusMenu(*menu);
     AddSwitch(*menu, QStringLiteral("Display &center prop bets"), {}, &Table::DisplayCenterProps);
+}
+
+void MainWindow::MakeViewMenus(QMenu& menu) {
+    Table& t = Played->T();
+    QMenu* save = menu.addMenu(QStringLiteral("&Save"));
+    QMenu* restore = menu.addMenu(QStringLiteral("&Restore"));
+    for (int view = 0; view < 10; ++view) {
+        const QString caption = QStringLiteral("View &%1").arg(view);
+        const auto digit = static_cast<Qt::Key>(Qt::Key_0 + view);
+        Add(*save, caption, QKeySequence(Qt::CTRL | digit), [&t, view] { SaveView(t, view); });
+        Add(*restore, caption, QKeySequence(Qt::SHIFT | digit), [this, &t, view] {
+            if (RestoreView(t, view)) View->RefreshTable();
+        });
+    }
+}
+
+void MainWindow::MakeStatusMenu(QMenu& menu) {
+    QMenu* status = menu.addMenu(tr("S&tatus boxes"));
+    auto* group = new QActionGroup(this);
+    const char* const captions[] = {"Align at &top of window", "Align at &bottom of window",
+                                    "Align at &left-side of window", "Align at &right-side of window",
+                                    "Place &near individual players"};
+    for (int align = 0; align < 5; ++align) {
+        QAction* action = Add(*status, QLatin1String(captions[align]), {}, [this, align] {
+            Played->T().StatusAlign = align;
+            Played->T().GameChanged = true;
+            PlaceStatusStrip();
+        });
+        action->setCheckable(true);
+        action->setChecked(align == Played->T().StatusAlign);
+        group->addAction(action);
+    }
 }
 
 void MainWindow::MakeHelpMenu() {
@@ -168,7 +235,58 @@ void MainWindow::MakeHelpMenu() {
     });
 }
 
+void MainWindow::MakeTable() {
+    Table& t = Played->T();
+    auto* middle = new QWidget;
+    Arrangement = new QGridLayout(middle);
+    Arrangement->setContentsMargins(0, 0, 0, 0);
+    Arrangement->setSpacing(0);
+    View = new FeltView(t);
+    View->setObjectName(QStringLiteral("picLayout"));
+    View->setFocusPolicy(Qt::StrongFocus);
+    Strip = new StatusStrip(t);
+    Strip->setObjectName(QStringLiteral("picStatus"));
+    Arrangement->addWidget(View, 1, 1);
+    Arrangement->setRowStretch(1, 1);
+    Arrangement->setColumnStretch(1, 1);
+    Amount = new AmountBox(View);
+    setCentralWidget(middle);
+    PlaceStatusStrip();
+}
+
+void MainWindow::PlaceStatusStrip() {
+    constexpr std::pair<int, int> cells[] = {{0, 1}, {2, 1}, {1, 0}, {1, 2}, {0, 1}};
+    const auto [row, column] = cells[Played->T().StatusAlign];
+    Arrangement->removeWidget(Strip);
+    Arrangement->addWidget(Strip, row, column);
+    Strip->Refresh();
+    View->RefreshTable();
+}
+
+void MainWindow::ConnectTable() {
+    connect(View, &FeltView::hotSpotPressed, this,
+            [this](int value, Qt::MouseButton button) { PressTable(value, button); });
+    connect(View, &FeltView::dicePressed, this, [this] {
+        if (!GuardCommand(Played->T())) Roll();
+        Refresh();
+    });
+    connect(View, &FeltView::hotSpotMoved, this, &MainWindow::MoveOver);
+    connect(View, &FeltView::mouseLeft, this, [this] { MoveOver(0); });
+    connect(Strip, &StatusStrip::boxPressed, this, [this](int p) {
+        if (!GuardCommand(Played->T())) Hand->SelectRail(p);
+        Refresh();
+    });
+    connect(Amount, &AmountBox::committed, this, [this](int row, qint64 amount) {
+        Hand->SetAmount(row, currency{amount});
+        Refresh();
+    });
+}
+
 void MainWindow::ConnectScreen() {
+    connect(Front, &DesktopScreen::amountBoxDue, Amount, &AmountBox::Commit);
+    connect(Front, &DesktopScreen::betChanged, View, &FeltView::RefreshBet);
+    connect(Front, &DesktopScreen::tableChanged, this, &MainWindow::Refresh);
+    connect(Front, &DesktopScreen::diceThrown, this, &MainWindow::ShowThrow);
     connect(Front, &DesktopScreen::figuresChanged, this, &MainWindow::Refresh);
     connect(Front, &DesktopScreen::runStateChanged, this, &MainWindow::Refresh);
     connect(Front, &DesktopScreen::statusDue, StatusText, &QLabel::setText);
@@ -177,6 +295,88 @@ void MainWindow::ConnectScreen() {
 // --- commands ---
 
 void MainWindow::Roll() { RollDice(Played->T()); }
+
+void MainWindow::PressTable(int value, Qt::MouseButton button) {
+    Table& t = Played->T();
+    Amount->Commit();
+    if (button == Qt::LeftButton) {
+        if (const int row = Hand->PressLeft(value))
+            Amount->Open(row, View->lastPress(), t.BetAmount(t.ActivePlayer, row));
+    } else if (button == Qt::RightButton && !Hand->PressRight(value) && !GuardCommand(t)) {
+        Roll();
+    }
+    Refresh();
+}
+
+void MainWindow::MoveOver(int value) {
+    if (Played->T().HyperDriveActive || value == MouseOver) return;
+    MouseOver = value;
+    if (Amount->IsOpen() && RowOfHotSpot(Played->T(), value) != Amount->row()) Amount->GiveUp();
+    Refresh();
+}
+
+void MainWindow::StepView(ViewStep step, int modifier) {
+    Table& t = Played->T();
+    if (GuardCommand(t)) return;
+    t.AutoSizeTable = false;
+    const QSize window = View->size();
+    HeldCentre& centre = View->Centre();
+    switch (step) {
+        case ViewStep::ZoomIn:
+            ZoomIn(t, centre, modifier);
+            break;
+        case ViewStep::ZoomOut:
+            ZoomOut(t, centre, modifier);
+            break;
+        case ViewStep::RotateCW:
+            RotateCW(t, centre, modifier);
+            break;
+        case ViewStep::RotateCCW:
+            RotateCCW(t, centre, modifier);
+            break;
+        case ViewStep::MoveUp:
+            MoveTable(t, MoveDirection::Up, modifier, window);
+            break;
+        case ViewStep::MoveDown:
+            MoveTable(t, MoveDirection::Down, modifier, window);
+            break;
+        case ViewStep::MoveLeft:
+            MoveTable(t, MoveDirection::Left, modifier, window);
+            break;
+        case ViewStep::MoveRight:
+            MoveTable(t, MoveDirection::Right, modifier, window);
+            break;
+        case ViewStep::Center:
+            CenterTable(t, centre, window);
+            break;
+    }
+    Refresh();
+}
+
+void MainWindow::ShowThrow() {
+    if (!isVisible() || Played->T().DiceAction != 0) return View->RefreshTable();
+    QElapsedTimer clock;
+    clock.start();
+    for (qint64 passed = 0; passed < ThrowMilliseconds; passed = clock.elapsed()) {
+        View->ShowThrow(static_cast<double>(passed) / static_cast<double>(ThrowMilliseconds));
+        QThread::msleep(ThrowFrame);
+    }
+    View->ShowThrow(1);
+}
+
+QString MainWindow::BetText(int row) {
+    const Table& t = Played->T();
+    const int p = t.ActivePlayer;
+    QString text = Words(BetName(row));
+    if (IsSeated(t, p) && !IsZero(t.BetAmount(p, row)))
+        text += QStringLiteral(":  ") + QStringLiteral("$") + Words(FormatCommas(t.BetAmount(p, row)));
+    if (row > Row::LastBet) return text;
+    const PayoffEntry& pays = t.Payoff[At(row)];
+    const currency wins = IsZero(pays.ToForm) ? pays.Pays + pays.For : pays.Pays;
+    return text +
+           tr("   pays %1 %2 %3")
+               .arg(Words(PlainAmount(wins)), IsZero(pays.ToForm) ? tr("for") : tr("to"), Words(PlainAmount(pays.For)));
+}
 
 void MainWindow::ToggleRun() {
     ToggleAutoRoll(Played->T());
@@ -244,11 +444,24 @@ void MainWindow::Refresh() {
         const QSignalBlocker quiet(action);
         action->setChecked(t.*flag);
     }
-    StatusText->setText(QString::fromLatin1(Hand->PendingText()));
+    const int row = RowOfHotSpot(t, MouseOver);
+    const QString pending = QString::fromLatin1(Hand->PendingText());
+    StatusText->setText(!pending.isEmpty() || row == 0 ? pending : BetText(row));
+    Strip->Refresh();
+    View->RefreshTable();
     if (Pad != nullptr) {
         Pad->ShowLastRoll();
         Pad->ShowRunState();
     }
+}
+
+void MainWindow::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape && Hand->Pending != PendingAction::Bet) {
+        Hand->Pending = PendingAction::Bet;
+        Refresh();
+        return;
+    }
+    QMainWindow::keyPressEvent(event);
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

@@ -9,14 +9,21 @@
 #include "display/tableactions.h"
 
 class QAction;
+class QActionGroup;
+class QGridLayout;
 class QLabel;
 class QMenu;
 
 namespace tarnwick {
 
+class AmountBox;
 class DesktopScreen;
+class FeltView;
 class Game;
+class MoveWindow;
 class RollPad;
+class StatusStrip;
+enum class ViewStep;
 
 class MainWindow : public QMainWindow {
     Q_OBJECT
@@ -31,9 +38,11 @@ class MainWindow : public QMainWindow {
     /// Rolls once, or says why not; an amount being typed is placed first.
     void Roll();
     void ToggleRun();
+    FeltView& Felt() { return *View; }
 
   protected:
     void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
   private:
     using Command = std::function<void()>;
@@ -47,6 +56,18 @@ class MainWindow : public QMainWindow {
     void MakeViewMenu();
     void MakeHelpMenu();
     void ConnectScreen();
+    void MakeTable();
+    void ConnectTable();
+    void PlaceStatusStrip();
+    void MakeStatusMenu(QMenu& menu);
+    void MakeViewMenus(QMenu& menu);
+
+    void PressTable(int value, Qt::MouseButton button);
+    void MoveOver(int value);
+    void StepView(ViewStep step, int modifier);
+    void ShowThrow();
+    /// What the status line says of the bettor's bet on `row`.
+    QString BetText(int row);
 
     void StartNewSession();
     void AskAtm(bool withdrawal);
@@ -59,7 +80,13 @@ class MainWindow : public QMainWindow {
     std::unique_ptr<Game> Played;
     std::unique_ptr<TableActions> Hand;
     DesktopScreen* Front = nullptr;
+    FeltView* View = nullptr;
+    StatusStrip* Strip = nullptr;
+    AmountBox* Amount = nullptr;
     RollPad* Pad = nullptr;
+    MoveWindow* Mover = nullptr;
+    QGridLayout* Arrangement = nullptr;
+    int MouseOver = 0;
     QAction* RunAction = nullptr;
     std::vector<std::pair<QAction*, bool Table::*>> Switches;
     QLabel* StatusText = nullptr;

@@ -55,7 +55,8 @@ Request ReadRequest(const QStringList& arguments, QString& fault) {
         if (text.isEmpty()) return otherwise;
         bool ok = false;
         const int n = text.toInt(&ok);
-        if (!ok || n < low || n > high) fault = QStringLiteral("--%1 takes %2 to %3").arg(QLatin1String(name)).arg(low).arg(high);
+        if (!ok || n < low || n > high)
+            fault = QStringLiteral("--%1 takes %2 to %3").arg(QLatin1String(name)).arg(low).arg(high);
         return n;
     };
     request.File = parser.value(QStringLiteral("picture"));
@@ -77,18 +78,18 @@ void PlaceBets(Table& t) {
     };
     // Flat bets first: odds and Come bets need them.
     constexpr Wager wagers[] = {
-        {1, Row::PassLine, 25},   {2, Row::PassLine, 10},    {3, Row::PassLine, 15}, {4, Row::DontPass, 30},
-        {5, Row::PassLine, 5},    {6, Row::DontPass, 10},    {7, Row::PassLine, 40}, {8, Row::PassLine, 12},
+        {1, Row::PassLine, 25},     {2, Row::PassLine, 10},     {3, Row::PassLine, 15},     {4, Row::DontPass, 30},
+        {5, Row::PassLine, 5},      {6, Row::DontPass, 10},     {7, Row::PassLine, 40},     {8, Row::PassLine, 12},
         {1, Row::PassLineOdds, 50}, {2, Row::PassLineOdds, 20}, {3, Row::PassLineOdds, 30}, {7, Row::PassLineOdds, 75},
-        {1, Row::Place4 + 3, 30}, {1, Row::Place4 + 1, 25},  {3, Row::Place4 + 3, 12}, {2, Row::Place4 + 5, 10},
-        {5, Row::Place4 + 2, 18}, {5, Row::Place4 + 3, 18},  {7, Row::Place4, 25},   {7, Row::Place4 + 4, 50},
-        {8, Row::Place4 + 3, 6},  {6, Row::Lay4 + 1, 60},    {4, Row::Lay4 + 5, 40}, {2, Row::Buy4, 30},
-        {3, Row::Come, 15},       {8, Row::Come, 10},        {1, Row::Field, 5},     {6, Row::Field, 10},
-        {2, Row::Big6, 6},        {7, Row::Big8, 12},        {5, Row::Midway, 5},    {1, Row::Hard6, 5},
-        {3, Row::Hard8, 10},      {7, Row::Hard4, 1},        {8, Row::Hard10, 2},    {2, Row::Seven, 5},
-        {4, Row::Craps, 3},       {6, Row::CandE, 2},        {3, Row::CandE, 4},     {5, Row::Horn, 4},
-        {7, Row::World, 5},       {1, Row::Hop44, 2},        {8, Row::Hop26, 1},     {2, Row::AllSmall, 5},
-        {2, Row::AllTall, 5},     {2, Row::MakeAll, 5},      {5, Row::Over7, 3},     {7, Row::Eleven, 1},
+        {1, Row::Place4 + 3, 30},   {1, Row::Place4 + 1, 25},   {3, Row::Place4 + 3, 12},   {2, Row::Place4 + 5, 10},
+        {5, Row::Place4 + 2, 18},   {5, Row::Place4 + 3, 18},   {7, Row::Place4, 25},       {7, Row::Place4 + 4, 50},
+        {8, Row::Place4 + 3, 6},    {6, Row::Lay4 + 1, 60},     {4, Row::Lay4 + 5, 40},     {2, Row::Buy4, 30},
+        {3, Row::Come, 15},         {8, Row::Come, 10},         {1, Row::Field, 5},         {6, Row::Field, 10},
+        {2, Row::Big6, 6},          {7, Row::Big8, 12},         {5, Row::Midway, 5},        {1, Row::Hard6, 5},
+        {3, Row::Hard8, 10},        {7, Row::Hard4, 1},         {8, Row::Hard10, 2},        {2, Row::Seven, 5},
+        {4, Row::Craps, 3},         {6, Row::CandE, 2},         {3, Row::CandE, 4},         {5, Row::Horn, 4},
+        {7, Row::World, 5},         {1, Row::Hop44, 2},         {8, Row::Hop26, 1},         {2, Row::AllSmall, 5},
+        {2, Row::AllTall, 5},       {2, Row::MakeAll, 5},       {5, Row::Over7, 3},         {7, Row::Eleven, 1},
     };
     for (const Wager& wager : wagers) CheckBetRules(t, wager.P, wager.BetRow, Dollars(wager.Units), Speak::Silent);
 }
