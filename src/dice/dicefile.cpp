@@ -1,14 +1,14 @@
 #include "dice/dicefile.h"
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
-#include <limits>
 #include <memory>
 #include <system_error>
 
+#include "dice/rollio.h"
+#include "files/atomicfile.h"
 #include "stats/eventslog.h"
 #include "table/messages.h"
 #include "table/rundriver.h"
@@ -19,7 +19,6 @@ namespace tarnwick {
 namespace {
 
 constexpr std::size_t BlockLength = 65'536;
-constexpr std::int32_t LastPossibleRecord = std::numeric_limits<std::int32_t>::max() - 1;
 
 struct FileCloser {
     void operator()(std::FILE* file) const { std::fclose(file); }
@@ -36,20 +35,9 @@ File OpenFile(const std::string& path, const char* how, int& fault) {
 
 int FaultNumber() { return errno != 0 ? errno : EIO; }
 
-std::string FaultText(int fault) { return std::error_code(fault, std::generic_category()).message(); }
-
-std::string ShortName(const std::string& path) {
-    const std::size_t mark = path.find_last_of("/\\:");
-    return mark == std::string::npos ? path : path.substr(mark + 1);
-}
-
-std::string CannotOpen(const std::string& path, const std::string& why) {
-    return ShortName(path) + "\ncan't be opened: " + why + ".";
-}
-
 /// Makes an empty file of a name that doesn't exist; returns what is wrong, or nothing.
 std::string PrepareFile(const std::string& path) {
-    if (path.empty() || path.find('\0') != std::string::npos) return CannotOpen(path, "not a file name");
+    if (path.empty() || path.find('\0') != std::string::npos) return CannotUseRollFile(path, "not a file name");
     std::error_code error;
     const std::filesystem::file_status status = std::filesystem::status(path, error);
     int fault = 0;
@@ -57,35 +45,13 @@ std::string PrepareFile(const std::string& path) {
         case std::filesystem::file_type::regular:
             return {};
         case std::filesystem::file_type::not_found:
-            if (OpenFile(path, "ab", fault) == nullptr) return CannotOpen(path, FaultText(fault));
+            if (OpenFile(path, "ab", fault) == nullptr) return CannotUseRollFile(path, SystemFaultText(fault));
             return {};
         case std::filesystem::file_type::none:
-            return CannotOpen(path, error.message());
+            return CannotUseRollFile(path, error.message());
         default:
-            return CannotOpen(path, "not a file");
+            return CannotUseRollFile(path, "not a file");
     }
-}
-
-/// Checks every byte of the file and counts them; returns what is wrong, or nothing.
-std::string CheckFile(const std::string& path, std::int32_t& length) {
-    int fault = 0;
-    const File file = OpenFile(path, "rb", fault);
-    if (file == nullptr) return CannotOpen(path, FaultText(fault));
-    auto block = std::make_unique<std::array<std::uint8_t, BlockLength>>();
-    std::int64_t count = 0;
-    unsigned allBits = 0;
-    std::size_t got = 0;
-    while ((got = std::fread(block->data(), 1, BlockLength, file.get())) > 0) {
-        for (std::size_t i = 0; i < got; ++i) allBits |= (*block)[i];
-        if ((allBits & 3u) != 0)
-            return ShortName(path) +
-                   "\nis either from an earlier version, has been corrupted, or is not a true Tarnwick dice roll file.";
-        count += static_cast<std::int64_t>(got);
-        if (count > LastPossibleRecord) return CannotOpen(path, "too many rolls");
-    }
-    if (std::ferror(file.get()) != 0) return CannotOpen(path, FaultText(FaultNumber()));
-    length = static_cast<std::int32_t>(count);
-    return {};
 }
 
 void ForgetFile(Table& t) { static_cast<DiceRollFile&>(t) = DiceRollFile{}; }
@@ -157,7 +123,7 @@ std::string OpenDiceRollFile(Table& t, const std::string& path) {
     FlushDiceFile(t);
     std::string wrong = PrepareFile(path);
     std::int32_t length = 0;
-    if (wrong.empty()) wrong = CheckFile(path, length);
+    if (wrong.empty()) wrong = CheckRollFile(path, length);
     if (!wrong.empty()) return wrong;
     const std::string name = path;  // `path` may be the very name that is forgotten
     ForgetFile(t);

@@ -44,13 +44,16 @@ void SyncFolder(const fs::path& folder) {
 #endif
 
 /// Writes and flushes a new file; returns what is wrong, or nothing.
-std::string WriteFile(const fs::path& path, std::string_view bytes) {
+std::string WriteFile(const fs::path& path, const std::function<std::string(ByteSink&)>& write) {
     errno = 0;
     File file(std::fopen(path.string().c_str(), "wb"));
     if (file == nullptr) return LastFault();
-    const bool written = std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size() &&
-                         std::fflush(file.get()) == 0 && SyncFile(file.get()) == 0;
-    if (!written) return LastFault();
+    ByteSink sink(file.get());
+    std::string fault = write(sink);
+    if (!sink.Good()) return SystemFaultText(sink.FaultNumber());
+    if (!fault.empty()) return fault;
+    errno = 0;
+    if (std::fflush(file.get()) != 0 || SyncFile(file.get()) != 0) return LastFault();
     return std::fclose(file.release()) == 0 ? std::string() : LastFault();
 }
 
@@ -89,7 +92,18 @@ std::string ReadWholeFile(const std::string& path, std::uintmax_t longest, std::
     return {};
 }
 
+bool ByteSink::Put(std::string_view bytes) {
+    if (Number != 0) return false;
+    errno = 0;
+    if (std::fwrite(bytes.data(), 1, bytes.size(), File) != bytes.size()) Number = errno != 0 ? errno : EIO;
+    return Number == 0;
+}
+
 std::string ReplaceFile(const std::string& path, std::string_view bytes) {
+    return ReplaceFileBy(path, [bytes](ByteSink& sink) { return sink.Put(bytes), std::string(); });
+}
+
+std::string ReplaceFileBy(const std::string& path, const std::function<std::string(ByteSink&)>& write) {
     if (!IsName(path)) return "not a file name";
     const fs::path target = Target(path);
     std::error_code error;
@@ -97,7 +111,7 @@ std::string ReplaceFile(const std::string& path, std::string_view bytes) {
     if (fs::exists(old) && !fs::is_regular_file(old)) return "not a file";
     fs::path beside = target;
     beside += ".tmp~";
-    std::string fault = WriteFile(beside, bytes);
+    std::string fault = WriteFile(beside, write);
     if (fault.empty()) {
         if (fs::exists(old)) fs::permissions(beside, old.permissions(), error);
         fs::rename(beside, target, error);

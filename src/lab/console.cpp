@@ -5,6 +5,7 @@
 
 #include "dice/dice.h"
 #include "lab/consolecommands.h"
+#include "lab/consoleevents.h"
 #include "lab/consolescripts.h"
 #include "lab/interrupt.h"
 #include "lab/labtable.h"
@@ -39,7 +40,7 @@ int RunConsole(const ConsoleOptions& options) {
     AutoBets scripts;
     StepPrinter steps(*table, scripts, printer);
     Console console{*table, screen, printer, lines, scripts, steps, options.Seed ? *options.Seed : ClockSeed(),
-                    1,      {},     {}};
+                    1,      {},     {},      {}};
 
     SubMain(*table, &screen);
     table->Scripts = &scripts;

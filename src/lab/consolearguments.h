@@ -17,6 +17,8 @@ class Arguments {
 
     std::string Fault;
 
+    /// The command's own name.
+    const std::string& Name() const { return Line.Words[0].Text; }
     bool More() const { return Next < Line.Words.size(); }
     bool IsNext(std::string_view word) const { return More() && LowerCase(Line.Words[Next].Text) == word; }
     bool Ok() const { return Fault.empty(); }

@@ -10,8 +10,10 @@
 #include "dice/dice.h"
 #include "dice/dicefile.h"
 #include "lab/consolearguments.h"
+#include "lab/consoleevents.h"
 #include "lab/consolereports.h"
 #include "lab/consolescripts.h"
+#include "lab/figurereports.h"
 #include "lab/labtable.h"
 #include "lab/rollgoal.h"
 #include "lab/texttable.h"
@@ -294,21 +296,6 @@ std::string DoAnswer(Console& c, Arguments& a) {
     return {};
 }
 
-std::string DoLog(Console& c, Arguments& a) {
-    const bool on = a.OnOrOff();
-    if (!a.Ok()) return a.Fault;
-    Table& t = c.T;
-    if (on) {
-        for (bool* flag :
-             {&t.RecordRolls, &t.RecordBetChanges, &t.RecordBetsWon, &t.RecordBetsLost, &t.RecordCheckStackChanges,
-              &t.RecordPassesMisses, &t.RecordShooterChanges, &t.RecordBankrollChanges}) {
-            *flag = true;
-        }
-    }
-    SetEventsLogOn(t, on);
-    return {};
-}
-
 std::string DoSet(Console& c, Arguments& a) {
     const std::string rest = a.Rest();
     const std::size_t end = rest.find_first_of("= \t");
@@ -392,6 +379,21 @@ std::string DoRolls(Console& c, Arguments& a) {
         c, [&](JsonWriter& json) { WriteRolls(json, c.T, p, scope); }, [&] { return RollsText(c.T, p, scope); });
 }
 
+/// One of the statistics windows.
+std::string DoFigures(Console& c, Arguments& a) {
+    const FigureReport& report = *FindFigureReport(a.Name());
+    std::vector<std::string> words;
+    while (a.More()) words.push_back(a.Text());
+    const Parsed<FigureQuery> query = ParseFigureQuery(report.Name, words, c.T.ActivePlayer);
+    if (!query) return query.Fault;
+    const auto write = [&](JsonWriter& json) {
+        json.BeginObject().Key(report.Name).BeginObject();
+        report.Write(json, c.T, query.Value);
+        json.EndObject().EndObject();
+    };
+    return Report(c, write, [&] { return report.Text(c.T, query.Value); });
+}
+
 std::string DoSettings(Console& c, Arguments&) {
     return Report(
         c, [&](JsonWriter& json) { WriteSettings(json, c.T); }, [&] { return SettingsText(c.T); });
@@ -432,6 +434,8 @@ constexpr Command Commands[] = {
     {"elements", "elements P", "the elements that a player's script is compiled to", 1, 1, DoElements},
     {"answer", "answer VALUE", "queues the answer to the next question", 1, Endless, DoAnswer},
     {"log", "log on|off", "prints the lines of the Events Log", 1, 1, DoLog},
+    {"events", "events on [FILE]|off|[TOP [COUNT]]|find TEXT|next|previous",
+     "keeps the Events Log, shows its lines, searches it", 0, Endless, DoEvents},
     {"set", "set NAME VALUE", "changes a setting", 1, Endless, DoSet},
     {"new", "new [OPTION...]",
      "another session; OPTIONs are preserve-data, preserve-checkstacks, preserve-logs, drop-scripts, retain-dice-file "
@@ -441,6 +445,14 @@ constexpr Command Commands[] = {
     {"stats", "stats P SCOPE", "bets and bankroll in a scope: hand, last-hand, session, last-session, all", 2, 2,
      DoStats},
     {"rolls", "rolls P SCOPE", "rolls and points in a scope; P 0 is the table", 2, 2, DoRolls},
+    {"summary", "summary [SCOPE [PLAYERS]]", "table, players, bets and bankrolls at a glance", 0, 2, DoFigures},
+    {"hands", "hands [SCOPE [PLAYERS]]", "hands, come-outs, passes and misses", 0, 2, DoFigures},
+    {"totals", "totals [SCOPE [PLAYERS [number|combinations|die1|die2]]]", "rolls beside their chances", 0, 3,
+     DoFigures},
+    {"frequencies", "frequencies [EVENT [true|skewed]]", "how often an event came, and after how many rolls", 0, 2,
+     DoFigures},
+    {"results", "results [SCOPE [PLAYERS [ROW...]]]", "how bets fared", 0, Endless, DoFigures},
+    {"trends", "trends [P]", "the streaks of a player's bets", 0, 1, DoFigures},
     {"settings", "settings", "every setting", 0, 0, DoSettings},
     {"help", "help", "this list", 0, 0, DoHelp},
 };

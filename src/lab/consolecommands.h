@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <string>
 
 #include "autobet/autobets.h"
@@ -13,6 +14,7 @@
 
 namespace tarnwick::lab {
 
+class ConsoleLog;
 class StepPrinter;
 
 struct Console {
@@ -26,6 +28,7 @@ struct Console {
     std::uint64_t SessionNumber = 1;        ///< counts on with `new`, and again from 1 with `seed`
     HotKeyList HotKeys;                     ///< of a file
     std::map<char, std::string> TypedKeys;  ///< pieces of script by letter a to z, ahead of those of the file
+    std::unique_ptr<ConsoleLog> Log;        ///< the Events Log that is kept, if any
 };
 
 /// Runs one command (at least one word); returns what is wrong, or nothing.

@@ -140,6 +140,7 @@ int ConsoleScreen::AskSettleBet(const SettleQuestion& question) {
 }
 
 void ConsoleScreen::EventLogged(std::string_view line) {
+    if (!PrintEvents) return;
     if (!Out.WritesJson()) {
         Out.PrintLine(line);
         return;

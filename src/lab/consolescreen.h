@@ -30,6 +30,7 @@ class ConsoleScreen : public Screen {
     std::optional<Answer> WhenNotAsked;  ///< taken at the next question in a pipe instead of its default answer
     std::string LastStopReason;          ///< of the last run, as it was shown
     ScriptClock Scripts;                 ///< what scripts take for the clock
+    bool PrintEvents = true;             ///< the lines of the Events Log, too
 
     Answer Show(const Message& message) override;
     int AskSettleBet(const SettleQuestion& question) override;

@@ -8,8 +8,11 @@
 #include "lab/check.h"
 #include "lab/console.h"
 #include "lab/convert.h"
+#include "lab/events.h"
 #include "lab/labtable.h"
+#include "lab/rollscli.h"
 #include "lab/run.h"
+#include "lab/sessions.h"
 #include "table/crapcnst.h"
 
 namespace tarnwick::lab {
@@ -31,6 +34,10 @@ struct RawOptions {
     std::string OldScript, NewScript;
     bool Rebet = false;
     bool Json = false;
+    bool EventsLog = false, SessionsLogs = false;
+    std::string LogFile, Stat, Include, BreakPoint, Find, Top, Most;
+    int BarWidth = 25;
+    bool Histogram = false, RawData = false;
 };
 
 /// Reads each text with `read` into `out`; false with a message at the first that is wrong.
@@ -73,6 +80,8 @@ int StartRun(const RawOptions& raw) {
     options.Rebet = raw.Rebet;
     options.DiceFile = raw.DiceFile;
     options.OutputFolder = raw.OutputFolder;
+    options.EventsLog = raw.EventsLog;
+    options.SessionsLogs = raw.SessionsLogs;
     options.Json = raw.Format == "json";
     const bool good = ReadAll(raw.Players, "--player", ParsePlayerOption, options.Players) &&
                       ReadAll(raw.Bets, "--bet", ParseBetOption, options.Bets) &&
@@ -105,6 +114,36 @@ int StartConsole(const RawOptions& raw) {
                       ReadNumber(raw.StatementLimit, "--statement-limit", 1, MostStatements, options.StatementLimit);
     if (!raw.Seed.empty()) options.Seed = seed;
     return good ? RunConsole(options) : BadUsage;
+}
+
+int StartSessions(const RawOptions& raw) {
+    SessionsOptions options;
+    options.File = raw.LogFile;
+    options.Histogram = raw.Histogram;
+    options.BarWidth = raw.BarWidth;
+    options.RawData = raw.RawData;
+    options.Json = raw.Format == "json";
+    std::vector<int> stats;
+    if (!raw.Stat.empty() && !ReadAll({raw.Stat}, "--stat", ParseSessionStat, stats)) return BadUsage;
+    if (!stats.empty()) options.View.Stat = stats[0];
+    const auto read = [](const char* option, const std::string& fault) {
+        if (!fault.empty()) std::fprintf(stderr, "tarnwick-lab: %s: %s\n", option, fault.c_str());
+        return fault.empty();
+    };
+    if (!raw.Include.empty() && !read("--include", ReadInclude(raw.Include, options.View))) return BadUsage;
+    if (!raw.BreakPoint.empty() && !read("--break", ReadBreakPoint(raw.BreakPoint, options.View))) return BadUsage;
+    return Sessions(options);
+}
+
+int StartEvents(const RawOptions& raw) {
+    EventsOptions options;
+    options.File = raw.LogFile;
+    options.Find = raw.Find;
+    options.Json = raw.Format == "json";
+    const auto most = static_cast<std::uint64_t>(options.Most);
+    const bool good =
+        ReadNumber(raw.Top, "--top", 1, most, options.Top) && ReadNumber(raw.Most, "--lines", 0, most, options.Most);
+    return good ? Events(options) : BadUsage;
 }
 
 void AddShared(CLI::App& command, RawOptions& raw) {
@@ -142,8 +181,33 @@ void AddRun(CLI::App& command, RawOptions& raw) {
     AddStatementLimit(command, raw);
     command.add_option("--output-folder", raw.OutputFolder, "Where files lie that scripts name; here if left out")
         ->type_name("DIR");
+    command.add_flag("--events-log", raw.EventsLog, "Keeps an Events Log in the output folder");
+    command.add_flag("--sessions-log", raw.SessionsLogs, "Keeps each player's Sessions Log in the output folder");
     AddFormat(command, raw);
     AddShared(command, raw);
+}
+
+void AddSessions(CLI::App& command, RawOptions& raw) {
+    command.add_option("file", raw.LogFile, "Sessions Log")->type_name("FILE.slg")->required();
+    command.add_option("--stat", raw.Stat, "The field to sum up, 0 to 31 or its name; 8, the net, if left out")
+        ->type_name("N");
+    command.add_option("--include", raw.Include, "Which sessions count; all if left out")->type_name("won,even,lost");
+    command.add_option("--break", raw.BreakPoint, "Net results that count as even; 0 if left out")
+        ->type_name("LOW:HIGH");
+    command.add_flag("--histogram", raw.Histogram, "The distribution as bars");
+    command.add_option("--bar-width", raw.BarWidth, "Of the 525 bins, in one bar; 25 if left out")
+        ->check(CLI::IsMember({1, 5, 25, 105}));
+    command.add_flag("--raw", raw.RawData, "Every session that counts");
+    AddFormat(command, raw);
+}
+
+void AddEvents(CLI::App& command, RawOptions& raw) {
+    command.add_option("file", raw.LogFile, "Events Log")->type_name("FILE")->required();
+    command.add_option("--find", raw.Find, "Only lines with this text, in capitals or small letters")
+        ->type_name("TEXT");
+    command.add_option("--top", raw.Top, "The line to begin with")->type_name("N");
+    command.add_option("--lines", raw.Most, "How many lines at most")->type_name("N");
+    AddFormat(command, raw);
 }
 
 void AddCheck(CLI::App& command, RawOptions& raw) {
@@ -179,13 +243,22 @@ int Main(int argc, char** argv) {
     CLI::App* convert = app.add_subcommand("convert", "Writes a script of an earlier version as text");
     convert->add_option("old", raw.OldScript, "The script to read, of any form")->type_name("OLD")->required();
     convert->add_option("new", raw.NewScript, "The text file to write")->type_name("NEW")->required();
+    CLI::App* sessions = app.add_subcommand("sessions", "Sums up a Sessions Log");
+    AddSessions(*sessions, raw);
+    CLI::App* events = app.add_subcommand("events", "Prints or searches an Events Log");
+    AddEvents(*events, raw);
+    RollsCommandLine rolls;
+    rolls.Add(app);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? 0 : BadUsage;
     }
+    if (rolls.Parsed()) return rolls.Run();
     if (check->parsed()) return StartCheck(raw);
     if (convert->parsed()) return Convert(raw.OldScript, raw.NewScript);
+    if (sessions->parsed()) return StartSessions(raw);
+    if (events->parsed()) return StartEvents(raw);
     return run->parsed() ? StartRun(raw) : StartConsole(raw);
 }
 

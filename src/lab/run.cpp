@@ -16,6 +16,7 @@
 #include "dice/dice.h"
 #include "lab/interrupt.h"
 #include "lab/labtable.h"
+#include "lab/runlogs.h"
 #include "lab/runscreen.h"
 #include "lab/runscripts.h"
 #include "lab/runsummary.h"
@@ -39,6 +40,7 @@ struct Plan {
     std::unique_ptr<Table> Start = std::make_unique<Table>();
     std::vector<BetOrder> Orders;
     ScriptPlan Scripts;
+    std::optional<SessionsFiler> Filer;
     std::atomic<std::uint64_t> NextSession{1};
     std::atomic<std::uint64_t> RollsPlayed{0};
 };
@@ -82,8 +84,10 @@ std::string PrepareScripts(Plan& plan) {
     std::string fault = plan.Scripts.Load(*plan.Start, options.Players);
     if (!fault.empty()) return fault;
     if (options.OutputFolder.empty()) {
-        const bool mixed = plan.Scripts.Write && options.Sessions > 1;
-        return mixed ? "scripts that write files need --output-folder when there are several sessions" : std::string();
+        if (options.Sessions == 1) return {};
+        if (options.EventsLog) return "--events-log needs --output-folder when there are several sessions";
+        return plan.Scripts.Write ? "scripts that write files need --output-folder when there are several sessions"
+                                  : std::string();
     }
     std::error_code error;
     std::filesystem::create_directories(options.OutputFolder, error);
@@ -103,6 +107,7 @@ std::string Prepare(Plan& plan) {
     if (fault.empty()) fault = PrepareScripts(plan);
     if (fault.empty()) fault = PlaceFirstBets(plan);
     if (fault.empty() && !plan.Options.DiceFile.empty()) fault = PlayDiceFile(t, plan.Options.DiceFile);
+    if (plan.Options.SessionsLogs) plan.Filer.emplace(t.GameFolder);
     t.HyperThrottle = 0;
     t.RunUntilRoll = static_cast<std::int32_t>(plan.Options.Rolls);
     return fault;
@@ -110,7 +115,8 @@ std::string Prepare(Plan& plan) {
 
 /// Several sessions at once can't write the same files: each has a folder of its own.
 bool MakeSessionFolder(const Plan& plan, Table& t, std::uint64_t number) {
-    if (!plan.Scripts.Write || plan.Options.Sessions == 1) return true;
+    const bool writes = plan.Scripts.Write || plan.Options.EventsLog;
+    if (!writes || plan.Options.Sessions == 1) return true;
     const auto folder = std::filesystem::path(t.GameFolder) / ("session-" + std::to_string(number));
     std::error_code error;
     std::filesystem::create_directories(folder, error);
@@ -128,17 +134,19 @@ void PlaySession(Plan& plan, Table& t, std::unique_ptr<AutoBets>& bets, std::uin
     screen.EndedByScripts = &summary;
     if (plan.Options.Sessions > 1) screen.Heading = "session " + std::to_string(number) + ": ";
     if (plan.Scripts.Any) GiveScripts(plan.Scripts, t, bets);
+    bool ready = MakeSessionFolder(plan, t, number);
+    if (!ready) screen.StopReason = "The folder " + t.GameFolder + " can't be made.";
+    RunLogs logs(t, t.GameFolder, plan.Options.EventsLog, plan.Filer ? &*plan.Filer : nullptr, number);
+    if (ready) logs.Begin();
     std::optional<OrderHost> orders;
     if (!plan.Orders.empty()) orders.emplace(t, plan.Orders);
     std::optional<ScriptedRun> scripted;
-    bool ready = true;
     if (plan.Scripts.Any) {
         scripted.emplace(t, static_cast<std::int32_t>(plan.Options.Rolls), *bets, screen);
-        ready = MakeSessionFolder(plan, t, number);
-        if (!ready) screen.StopReason = "The folder " + t.GameFolder + " can't be made.";
         ready = ready && scripted->Initialize();
     }
     if (ready) ToggleAutoRoll(t);
+    logs.End();
     const bool complete = scripted ? scripted->Reached() : SessionRolls(t) >= t.RunUntilRoll;
     // A session that a script began with the last roll has nothing to tell.
     if (complete && SessionRolls(t) == 0 && screen.StopReason.empty()) return;
@@ -232,6 +240,8 @@ std::string RunCommand(const RunOptions& options) {
     if (options.StatementLimit > 0) add("--statement-limit", std::to_string(options.StatementLimit));
     if (!options.OutputFolder.empty()) add("--output-folder", options.OutputFolder);
     if (options.Rebet) command += " --rebet";
+    if (options.EventsLog) command += " --events-log";
+    if (options.SessionsLogs) command += " --sessions-log";
     if (options.Json) add("--format", "json");
     return command;
 }
@@ -252,7 +262,9 @@ int Run(const RunOptions& options) {
     const std::string text = options.Json ? SummaryJson(summary, report) : SummaryText(summary, report);
     std::fputs(text.c_str(), stdout);
     std::fflush(stdout);
-    return Interrupted() ? 130 : 0;
+    const std::string unfiled = plan.Filer ? plan.Filer->Fault() : std::string();
+    if (!unfiled.empty()) std::fprintf(stderr, "tarnwick-lab run: not all sessions were filed: %s\n", unfiled.c_str());
+    return Interrupted() ? 130 : unfiled.empty() ? 0 : 2;
 }
 
 }  // namespace tarnwick::lab

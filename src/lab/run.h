@@ -16,6 +16,8 @@ struct RunOptions {
     std::vector<SettingOption> Settings;
     std::int64_t StatementLimit = 0;  ///< of scripts in one roll; 0: none
     std::string OutputFolder;         ///< of files that scripts name; empty: the current one
+    bool EventsLog = false;           ///< kept in the output folder, or in those of the sessions
+    bool SessionsLogs = false;        ///< one a player, in the output folder
     std::string DiceFile;             ///< empty: the generator's dice
     std::uint64_t Rolls = 1'000;      ///< of a session, 1..100,000,000
     std::uint64_t Sessions = 1;

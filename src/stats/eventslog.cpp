@@ -148,6 +148,7 @@ std::string Narrated(const Table& t, int p, const std::string& rest) { return " 
 
 void LogEvent(Table& t, std::string_view line) {
     t.EventsLogStarted = true;
+    if (t.Logs != nullptr) t.Logs->LogLine(t, line);
     if (t.Front != nullptr) t.Front->EventLogged(line);
 }
 

@@ -12,6 +12,7 @@
 #include <cstdint>
 #include <set>
 #include <string>
+#include <string_view>
 
 #include "config/displaystate.h"
 #include "config/settings.h"
@@ -39,6 +40,24 @@ struct ScriptHost {
     virtual void SwapPositions(Table& t, int p, int q) = 0;
     /// A player has another name than when the scripts were compiled.
     virtual void NameChanged(Table& t) = 0;
+};
+
+/// What the table asks of its logs on the disk. Null on a table that keeps none.
+struct LogHost {
+    virtual ~LogHost() = default;
+    /// One line for the Events Log.
+    virtual void LogLine(Table& t, std::string_view line) = 0;
+    /// Between two rolls of a run, every few milliseconds.
+    virtual void Serve(Table& t) = 0;
+    /// A run began or ended (AutoRollActive).
+    virtual void RunStateChanged(Table& t) = 0;
+    /// Whether the Events Log has a file or will have one.
+    virtual bool EventsLogExists(const Table& t) = 0;
+    virtual void ClearEventsLog(Table& t) = 0;
+    /// The session of seated p, which had rolls, ends: its record goes into the Sessions Log of p.
+    virtual void SessionEnded(Table& t, int p) = 0;
+    /// The Sessions Log that bears the name of seated p goes.
+    virtual void EraseSessionsLog(Table& t, int p) = 0;
 };
 
 constexpr currency BankrollLimit = Dollars(9'999'999);
@@ -83,8 +102,8 @@ struct Table : Settings, DiceState, Statistics, DisplayState {
     std::array<std::array<std::string, 100>, Positions> CheckStackName;
 
     // --- players and dice ---
-    std::array<std::string, Positions> PlayerName;  ///< empty at an empty position
-    std::array<std::string, Positions> SessionsLogName;
+    std::array<std::string, Positions> PlayerName;       ///< empty at an empty position
+    std::array<std::string, Positions> SessionsLogName;  ///< a relative one lies in the user's folder
     std::array<bool, Positions> ScriptOn{};
     std::array<bool, Positions> PrevScriptOn{};
     std::array<std::string, Positions> ScriptName;  ///< file of the script, empty when untitled
@@ -121,6 +140,7 @@ struct Table : Settings, DiceState, Statistics, DisplayState {
     bool PointMoving = false;          ///< the roll moved the point, and uncalled bets don't follow it yet
     std::string StopReason;
     std::string GameFolder;  ///< where files of a script that have no folder of their own lie; empty: the current one
+    std::string EventsLogFileName = "Events Log.txt";  ///< a relative one lies in the user's folder
     std::string EventsLogHeading;
     bool EventsLogStarted = false;  ///< a line was given to the log
 
@@ -139,6 +159,7 @@ struct Table : Settings, DiceState, Statistics, DisplayState {
 
     Screen* Front = nullptr;
     ScriptHost* Scripts = nullptr;
+    LogHost* Logs = nullptr;
 };
 
 /// Puts `amount` on (p 0..8, row 0..200) and keeps the masks; moves no other cell. Rows 1..91 need amount >= 0.

@@ -7,6 +7,7 @@
 #include "autoplay/autoplay.h"
 #include "stats/accumulators.h"
 #include "stats/eventslog.h"
+#include "stats/sessionslog.h"
 #include "table/format.h"
 #include "table/messages.h"
 #include "table/placement.h"
@@ -19,14 +20,6 @@ namespace tarnwick {
 namespace {
 
 std::size_t At(int i) { return static_cast<std::size_t>(i); }
-
-std::string SessionsLogNameOf(const std::string& name) {
-    std::string file = LowerCase(name) + ".slg";
-    for (char& c : file) {
-        if (std::string_view("\\/:*?\"<>|").find(c) != std::string_view::npos) c = '_';
-    }
-    return file;
-}
 
 /// Bets, marks and named stacks of p to those of an empty position.
 void ClearBets(Table& t, int p) {
@@ -231,7 +224,7 @@ std::string AddPlayer(Table& t, int p, const std::string& givenName, currency bu
     if (std::string refusal = BuyInRefusal(buyIn); !refusal.empty()) return refusal;
     ClearPosition(t, p);
     t.PlayerName[At(p)] = name;
-    t.SessionsLogName[At(p)] = SessionsLogNameOf(name);
+    t.SessionsLogName[At(p)] = DefaultSessionsLogName(name);
     SetBeginningBankroll(t, p, buyIn);
     t.BankrollStartAmount[At(p)] = buyIn;
     t.PrevBankroll[At(p)] = t.BankrollAtRollStart[At(p)] = buyIn;
@@ -300,6 +293,7 @@ void RemovePlayer(Table& t, int p) {
     const bool logOn = std::exchange(t.EventsLogOn, false);  // the line above tells of the abandoned bets
     if (!IsZero(abandoned)) SettleAbandonedBets(t, p);
     t.EventsLogOn = logOn;
+    if (t.Logs != nullptr && SessionRolls(t) > 0) t.Logs->SessionEnded(t, p);
     if (t.Front != nullptr && SessionRolls(t) > 0) t.Front->SessionEnded(p);
     if (t.HandShooter == p) SettleHandShooter(t);
     ClearPosition(t, p);

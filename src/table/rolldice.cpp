@@ -463,8 +463,10 @@ bool RollOnce(Table& t, bool& fileEnded) {
 /// Serves the user every few milliseconds of an unattended run, whatever a roll costs.
 class Pump {
   public:
-    void Serve(Table& t) {
-        if (--Left > 0 || t.Front == nullptr) return;
+    /// False when it was too early.
+    bool Serve(Table& t) {
+        if (--Left > 0 || t.Front == nullptr) return false;
+        if (t.Logs != nullptr) t.Logs->Serve(t);
         t.Front->RefreshOpenWindows();
         t.Front->PumpEvents();
         const std::uint32_t now = t.Front->Milliseconds();
@@ -473,6 +475,7 @@ class Pump {
         if (passed > 12 && Interval > 1) Interval /= 2;
         Last = now;
         Left = Interval;
+        return true;
     }
 
   private:
@@ -486,6 +489,7 @@ class Pump {
 template <class GoOn>
 void WaitWhile(Table& t, std::int64_t milliseconds, GoOn goOn) {
     if (t.Front == nullptr) return;
+    if (t.Logs != nullptr) t.Logs->Serve(t);
     const std::uint32_t start = t.Front->Milliseconds();
     t.Front->PumpEvents();
     while (goOn()) {
@@ -495,10 +499,18 @@ void WaitWhile(Table& t, std::int64_t milliseconds, GoOn goOn) {
     }
 }
 
+/// Puts the rolls recorded so far into the file, so that a crash of the program loses few; a fault of it ends the run.
+bool KeepRecordedRolls(Table& t) {
+    if (t.DiceFileMode != 1 || FlushDiceFile(t)) return true;
+    if (t.AutoRollActive) StopAutoRoll(t);
+    return false;
+}
+
 bool GoalReached(const Table& t) { return t.RunUntilRoll > 0 && SessionRolls(t) >= t.RunUntilRoll; }
 
 /// False when the run ends here.
 bool GoesOnInAutoRoll(Table& t) {
+    if (!KeepRecordedRolls(t)) return false;
     if (t.Front != nullptr) t.Front->RedrawTable();
     if (!t.AutoRollActive) return false;
     if (AutoStopDue(t)) {
@@ -518,7 +530,7 @@ bool GoesOnInAutoRoll(Table& t) {
 }
 
 bool GoesOnInHyperDrive(Table& t, Pump& pump) {
-    pump.Serve(t);
+    if (pump.Serve(t) && !KeepRecordedRolls(t)) return false;
     if (!t.AutoRollActive) return false;
     if (!t.HyperDriveActive) return GoesOnInAutoRoll(t);
     const bool autoStop = AutoStopDue(t);

@@ -17,6 +17,7 @@ namespace {
 constexpr int AutoRollThrottle = 12;
 
 void TellRunState(Table& t) {
+    if (t.Logs != nullptr) t.Logs->RunStateChanged(t);
     if (t.Front != nullptr) t.Front->RunStateChanged(t.AutoRollActive, t.HyperDriveActive);
 }
 

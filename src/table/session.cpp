@@ -35,10 +35,23 @@ void LoseContractBets(Table& t) {
 }
 
 void ReportEndedSessions(Table& t) {
-    if (t.Front == nullptr || SessionRolls(t) == 0) return;
+    if (SessionRolls(t) == 0) return;
     for (int p = 1; p < Positions; ++p) {
-        if (IsSeated(t, p)) t.Front->SessionEnded(p);
+        if (IsSeated(t, p) && t.Logs != nullptr) t.Logs->SessionEnded(t, p);
+        if (IsSeated(t, p) && t.Front != nullptr) t.Front->SessionEnded(p);
     }
+}
+
+void EraseSessionsLogs(Table& t) {
+    for (int p = 1; p < Positions; ++p) {
+        if (IsSeated(t, p) && t.Logs != nullptr) t.Logs->EraseSessionsLog(t, p);
+    }
+}
+
+void RestartEventsLog(Table& t) {
+    t.EventsLogStarted = false;
+    t.EventsLogTopLine = 1;
+    if (t.Logs != nullptr) t.Logs->ClearEventsLog(t);
 }
 
 void RollOverStatistics(Table& t, bool keepData) {
@@ -150,6 +163,7 @@ void SubMain(Table& t, Screen* front) {
 void NewSession(Table& t, const SessionOptions& options) {
     LoseContractBets(t);
     ReportEndedSessions(t);
+    if (!options.KeepLogs) EraseSessionsLogs(t);
     const auto finalBankrolls = t.Bankroll;
     RollOverStatistics(t, options.KeepData);
     if (!options.KeepScripts) DropScripts(t);
@@ -161,7 +175,8 @@ void NewSession(Table& t, const SessionOptions& options) {
     t.HandShooter = t.Shooter;
     RestartBankrollGraph(t);
     RememberStart(t);
-    LogSessionStart(t, t.EventsLogStarted);
+    if (t.ClearLogOnNewSession) RestartEventsLog(t);
+    LogSessionStart(t, t.Logs != nullptr ? t.Logs->EventsLogExists(t) : t.EventsLogStarted);
     if (t.ReSeedNewSessions) SeedRNG(t, SeedMode::Normal, options.Ask && !t.HyperDriveActive);
     TreatDiceFile(t, options.File);
     t.GameChanged = true;

@@ -10,7 +10,7 @@ struct SessionOptions {
     bool Ask = false;      ///< may ask for bankrolls (rule 1); otherwise the stored amount is taken
     bool KeepData = true;  ///< statistics roll over instead of being erased
     bool KeepCheckStacks = false;
-    bool KeepLogs = true;
+    bool KeepLogs = true;  ///< Sessions Logs; otherwise those that bear the players' names go, the new records too
     bool KeepScripts = true;
     enum class DiceFile { Drop, Continue, Rewind };
     DiceFile File = DiceFile::Continue;

@@ -1,0 +1,110 @@
+#include "stats/tablelogs.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "stats/sessionslog.h"
+#include "table/format.h"
+#include "table/messages.h"
+
+namespace tarnwick {
+
+namespace {
+
+/// Bytes that wait at most, however long the user isn't served.
+constexpr std::size_t LongestWait = 4 << 20;
+
+void Tell(Table& t, const char* title, const std::string& text) {
+    if (!t.HyperDriveActive) {
+        ShowNote(t, title, text, MsgButton::OkStop);
+    } else if (t.StopReason.empty()) {
+        t.StopReason = text;
+    }
+}
+
+void StopLogging(Table& t, const std::string& why) {
+    t.EventsLogOn = false;
+    Tell(t, "Events Log", why + "\n\nEvents are no longer recorded.");
+}
+
+std::string FullText(const std::string& path) {
+    return "The Events Log is full: " + path + "\nIt can't be longer than 2,147,483,647 bytes.";
+}
+
+bool IsRollLine(std::string_view line) { return Trim(line).substr(0, 4) == "Roll"; }
+
+}  // namespace
+
+std::string TableLogs::InUserFolder(const std::string& name) const {
+    std::string slashed = name;
+    std::replace(slashed.begin(), slashed.end(), '\\', '/');
+    return (std::filesystem::path(UserFolder) / slashed).string();
+}
+
+EventsLogPaths TableLogs::EventsLog(const Table& t) const {
+    const std::string& name = t.EventsLogFileName;
+    return {InUserFolder(name.empty() ? std::string(DefaultEventsLogName) : name),
+            InUserFolder(std::string(EventsLogReferenceName))};
+}
+
+std::string TableLogs::DefaultSessionsLog(const Table& t, int p) const {
+    return InUserFolder(DefaultSessionsLogName(t.PlayerName[static_cast<std::size_t>(p)]));
+}
+
+std::string TableLogs::SessionsLog(const Table& t, int p) const {
+    const std::string& name = t.SessionsLogName[static_cast<std::size_t>(p)];
+    return name.empty() ? DefaultSessionsLog(t, p) : InUserFolder(name);
+}
+
+void TableLogs::LogLine(Table& t, std::string_view line) {
+    if (!t.EventsLogOn) return;  // turned off by a fault a moment ago
+    Writer.Collect(line);
+    ++Collected;
+    if (t.KeepLatestRollOnTop && IsRollLine(line)) RollLine = Collected;
+    if (!t.AutoRollActive || Writer.PendingBytes() >= LongestWait) Flush(t);
+}
+
+void TableLogs::Flush(Table& t) {
+    if (!Writer.HasPending()) return;
+    const EventsLogPaths paths = EventsLog(t);
+    const EventsLogWriter::Written written = Writer.Write(paths, t.AutoRollActive);
+    if (RollLine > 0 && written.FirstLine > 0) t.EventsLogTopLine = written.FirstLine + RollLine - 1;
+    RollLine = Collected = 0;
+    if (!written.Fault.empty()) {
+        StopLogging(t, "The Events Log can't be written.\n" + written.Fault);
+    } else if (written.Full) {
+        StopLogging(t, FullText(paths.Log));
+    }
+}
+
+void TableLogs::RunStateChanged(Table& t) {
+    if (t.AutoRollActive) return;
+    Flush(t);
+    const std::string fault = Writer.Close();
+    if (!fault.empty()) StopLogging(t, "The Events Log can't be written.\n" + fault);
+}
+
+bool TableLogs::EventsLogExists(const Table& t) { return Writer.HasPending() || FileExists(EventsLog(t).Log); }
+
+void TableLogs::ClearEventsLog(Table& t) {
+    Writer.DropPending();
+    RollLine = Collected = 0;
+    std::string fault = Writer.Close();
+    if (const std::string left = DeleteEventsLog(EventsLog(t)); fault.empty()) fault = left;
+    if (!fault.empty()) Tell(t, "Events Log", "The Events Log can't be cleared.\n" + fault);
+}
+
+void TableLogs::SessionEnded(Table& t, int p) {
+    const std::string path = SessionsLog(t, p);
+    const std::string fault = AppendSessionRecord(path, SessionRecordOf(t, p));
+    if (!fault.empty()) {
+        Tell(t, "Sessions Log", "The session can't be added to " + path + ".\n" + fault);
+    }
+}
+
+void TableLogs::EraseSessionsLog(Table& t, int p) {
+    const std::string fault = DeleteSessionsLog(DefaultSessionsLog(t, p));
+    if (!fault.empty()) Tell(t, "Sessions Log", "The Sessions Log can't be deleted.\n" + fault);
+}
+
+}  // namespace tarnwick
