@@ -17,8 +17,6 @@ namespace tarnwick {
 
 namespace {
 
-constexpr currency StackLimit = {999'999'999'999'999'999};
-
 std::size_t Seat(int p) { return static_cast<std::size_t>(p); }
 
 bool Refuse(RunState& run, std::string_view text) {
@@ -164,21 +162,6 @@ bool MayActOn(RunState& run, int p) {
                  " is not allowed to perform actions for other players.\nSee Options - Permissions.");
     }
     return false;
-}
-
-void SetBet(Table& t, int p, int row, currency amount) {
-    t.BetsOnTable[Seat(p)] -= t.BetAmount(p, row);
-    SetBetAmount(t, p, row, {});
-    PlaceBet(t, p, row, std::max(amount, currency{}));
-}
-
-void SetStack(Table& t, int p, int row, currency amount) {
-    if (t.HyperDriveActive && -StackLimit <= amount && amount <= StackLimit) {
-        SetBetAmount(t, p, row, amount);
-        return;
-    }
-    SetBetAmount(t, p, row, {});
-    PlaceBet(t, p, row, amount);
 }
 
 bool SetTarget(RunState& run, int number, int p, const ScriptValue& value, bool absolute) {

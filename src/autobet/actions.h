@@ -30,12 +30,6 @@ bool MayActOn(RunState& run, int p);
 /// last four for position p. Without `absolute` the value is added. False when nothing was done.
 bool SetTarget(RunState& run, int number, int p, const ScriptValue& value, bool absolute = true);
 
-/// Sets a bet (row 1..91) to `amount`, below 0 as 0: what stands is taken off first, then the amount is placed by the
-/// table's rules. Needs MayActOn.
-void SetBet(Table& t, int p, int row, currency amount);
-/// Sets a CheckStack (row 100..199), held within its limits. Needs MayActOn.
-void SetStack(Table& t, int p, int row, currency amount);
-
 /// Actions 481 set, 482 multiply, 483 divide, 484 add, 485 subtract, 487 round, 488 round down, 489 round up.
 bool ApplyAmount(RunState& run, int action, int number, int p, const ScriptValue& value);
 /// Actions 450 buy, 451 call off, 452 call on, 453 remove the button, 454 forget the streak, 460 clear.

@@ -280,6 +280,21 @@ bool KeepSettledBet(Table& t, int p, int row) {
     return true;
 }
 
+void SetBet(Table& t, int p, int row, currency amount) {
+    t.BetsOnTable[At(p)] -= t.BetAmount(p, row);
+    SetBetAmount(t, p, row, {});
+    PlaceBet(t, p, row, std::max(amount, currency{}));
+}
+
+void SetStack(Table& t, int p, int row, currency amount) {
+    if (t.HyperDriveActive && -StackLimit <= amount && amount <= StackLimit) {
+        SetBetAmount(t, p, row, amount);
+        return;
+    }
+    SetBetAmount(t, p, row, {});
+    PlaceBet(t, p, row, amount);
+}
+
 void MaxOutBet(Table& t, int p, int row) {
     if (!IsOffered(t, row)) return;
     CheckBetRules(t, p, row, -t.BetAmount(p, row), Speak::Silent);

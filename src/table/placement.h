@@ -31,6 +31,11 @@ bool KeepSettledBet(Table& t, int p, int row);
 /// Takes the whole bet off through PlaceBet; does nothing on a bet of 0.
 void RemoveBet(Table& t, int p, int row);
 
+/// Sets a bet (row 1..91) to `amount`, below 0 as 0: what stands is taken off first, then the amount is placed.
+void SetBet(Table& t, int p, int row, currency amount);
+/// Sets a CheckStack (row 100..199), held within its limits.
+void SetStack(Table& t, int p, int row, currency amount);
+
 /// The largest bet that the rules allow, silently.
 void MaxOutBet(Table& t, int p, int row);
 /// MaxOutBet on every odds row of the Do (44, 25..30) or the Don't side (47, 13..18) whose flat bet stands.

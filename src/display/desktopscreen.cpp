@@ -1,0 +1,62 @@
+#include "display/desktopscreen.h"
+
+#include <QApplication>
+#include <QDateTime>
+#include <QEventLoop>
+#include <QTimer>
+#include <QWidget>
+
+#include "display/messagedialog.h"
+#include "display/settlebetdialog.h"
+#include "display/words.h"
+
+namespace tarnwick {
+
+namespace {
+
+/// Between two looks at the user's input in a run: often enough that nobody feels it, seldom enough to cost nothing.
+constexpr qint64 PumpInterval = 15;
+
+}  // namespace
+
+DesktopScreen::DesktopScreen(Table& t, QWidget* owner) : QObject(owner), T(t), Owner(owner) { Clock.start(); }
+
+Answer DesktopScreen::Show(const Message& message) {
+    QWidget* above = QApplication::activeModalWidget();
+    MessageDialog dialog(message, above != nullptr ? above : Owner);
+    connect(&dialog, &MessageDialog::helpWanted, this, &DesktopScreen::helpWanted);
+    return dialog.Ask();
+}
+
+int DesktopScreen::AskSettleBet(const SettleQuestion& question) { return SettleBetDialog(T, question, Owner).Ask(); }
+
+void DesktopScreen::ShowStatus(std::string_view text) { emit statusDue(Words(text)); }
+
+void DesktopScreen::PlaySoundFile(const std::string& path) { emit soundFileDue(Words(path)); }
+
+void DesktopScreen::EventLogged(std::string_view line) { emit lineLogged(Words(line)); }
+
+void DesktopScreen::PumpEvents() {
+    const qint64 now = Clock.elapsed();
+    if (T.HyperDriveActive && now - LastPump < PumpInterval) return;
+    QCoreApplication::processEvents();
+    LastPump = Clock.elapsed();
+}
+
+void DesktopScreen::WaitEvents(int milliseconds) {
+    if (milliseconds <= 0) return PumpEvents();
+    const qint64 end = Clock.elapsed() + milliseconds;
+    do {
+        QEventLoop loop;
+        QTimer::singleShot(qMin<qint64>(20, qMax<qint64>(0, end - Clock.elapsed())), &loop, &QEventLoop::quit);
+        loop.exec();
+    } while (T.AutoRollActive && Clock.elapsed() < end);
+}
+
+std::uint32_t DesktopScreen::Milliseconds() { return static_cast<std::uint32_t>(Clock.elapsed()); }
+
+std::string DesktopScreen::DateText() { return Utf8(QDate::currentDate().toString(QStringLiteral("MM-dd-yyyy"))); }
+
+std::string DesktopScreen::TimeText() { return Utf8(QTime::currentTime().toString(QStringLiteral("HH:mm:ss"))); }
+
+}  // namespace tarnwick

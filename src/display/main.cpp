@@ -1,0 +1,17 @@
+// The desktop: the drawn table with its windows.
+#include <QApplication>
+#include <QStyleFactory>
+
+#include "display/mainwindow.h"
+#include "display/tablepicture.h"
+
+int main(int argc, char** argv) {
+    if (const auto ended = tarnwick::RunPictureCommand(argc, argv)) return *ended;
+    QApplication application(argc, argv);
+    QApplication::setApplicationName("Tarnwick");
+    QApplication::setApplicationVersion(TARNWICK_VERSION);
+    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    tarnwick::MainWindow window;
+    window.show();
+    return QApplication::exec();
+}

@@ -1,0 +1,472 @@
+#include "display/mainwindow.h"
+
+#include <QAction>
+#include <QActionGroup>
+#include <QCloseEvent>
+#include <QElapsedTimer>
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QStatusBar>
+#include <QThread>
+
+#include "display/amountbox.h"
+#include "display/desktopscreen.h"
+#include "display/felt/feltview.h"
+#include "display/felt/statusboxes.h"
+#include "display/game.h"
+#include "display/movewindow.h"
+#include "display/newsessiondialog.h"
+#include "display/rollpad.h"
+#include "display/words.h"
+#include "table/bankroll.h"
+#include "table/format.h"
+#include "table/messages.h"
+#include "table/placement.h"
+#include "table/players.h"
+#include "table/rolldice.h"
+#include "table/rundriver.h"
+
+namespace tarnwick {
+
+namespace {
+
+constexpr int AutoRollThrottle = 12;
+constexpr qint64 ThrowMilliseconds = 350;
+constexpr unsigned long ThrowFrame = 14;
+
+std::size_t At(int i) { return static_cast<std::size_t>(i); }
+
+}  // namespace
+
+MainWindow::MainWindow() : Played(std::make_unique<Game>()) {
+    setObjectName(QStringLiteral("main"));
+    setWindowTitle(QStringLiteral("Tarnwick"));
+    resize(1280, 720);
+    Front = new DesktopScreen(Played->T(), this);
+    Played->Start(*Front);
+    Hand = std::make_unique<TableActions>(Played->T());
+    StatusText = new QLabel;
+    StatusText->setObjectName(QStringLiteral("lblStatus"));
+    statusBar()->addWidget(StatusText, 1);
+    MakeTable();
+    MakeGameMenu();
+    MakePlayersMenu();
+    MakeActionMenu();
+    MakeViewMenu();
+    MakeHelpMenu();
+    ConnectScreen();
+    ConnectTable();
+    Refresh();
+}
+
+MainWindow::~MainWindow() { Played->T().Front = nullptr; }
+
+// --- the menu bar ---
+
+QAction* MainWindow::Add(QMenu& menu, const QString& caption, const QKeySequence& keys, Command command) {
+    QAction* action = menu.addAction(caption);
+    action->setShortcut(keys);
+    connect(action, &QAction::triggered, this, [this, command = std::move(command)] {
+        if (GuardCommand(Played->T())) return;
+        command();
+        Refresh();
+    });
+    return action;
+}
+
+QAction* MainWindow::AddSwitch(QMenu& menu, const QString& caption, const QKeySequence& keys, bool Table::*flag) {
+    QAction* action = menu.addAction(caption);
+    action->setShortcut(keys);
+    action->setCheckable(true);
+    action->setChecked(Played->T().*flag);
+    connect(action, &QAction::toggled, this, [this, flag](bool on) {
+        Table& t = Played->T();
+        t.*flag = on;
+        t.GameChanged = true;
+        RedrawAllBets(t);
+        Refresh();
+    });
+    Switches.emplace_back(action, flag);
+    return action;
+}
+
+void MainWindow::MakeGameMenu() {
+    Table& t = Played->T();
+    QMenu* menu = menuBar()->addMenu(tr("&Game"));
+    Add(*menu, tr("&New ..."), QKeySequence::New, [this] { StartNewSession(); });
+    menu->addSeparator();
+    Add(*menu, QStringLiteral("&Roll the dice  (Right mouse button)"), Qt::Key_Return, [this] { Roll(); });
+    // Not guarded: it is what stops a run.
+    RunAction = menu->addAction(QString());
+    RunAction->setShortcut(Qt::Key_F5);
+    connect(RunAction, &QAction::triggered, this, &MainWindow::ToggleRun);
+    Add(*menu, QStringLiteral("Set auto-roll &time delay ..."), {}, [&t] { AskAutoRollDelay(t); });
+    Add(*menu, QStringLiteral("Set auto-&stop ..."), {}, [&t] { AskAutoStop(t); });
+    QAction* pad = menu->addAction(tr("Roll &your own numbers"));
+    pad->setShortcut(Qt::Key_F6);
+    connect(pad, &QAction::triggered, this, &MainWindow::ShowPad);
+    menu->addSeparator();
+    QAction* quit = menu->addAction(tr("E&xit"));
+    quit->setShortcut(QKeySequence::Quit);
+    connect(quit, &QAction::triggered, this, &QWidget::close);
+}
+
+void MainWindow::MakePlayersMenu() {
+    Table& t = Played->T();
+    QMenu* menu = menuBar()->addMenu(tr("&Players"));
+    Add(*menu, tr("&Add player ..."), Qt::CTRL | Qt::Key_Insert, [this, &t] {
+        for (int p = 1; p < Positions; ++p) {
+            if (!IsSeated(t, p)) return Hand->SelectRail(p);
+        }
+        ShowNote(t, "Add New Player", "All eight positions are taken.");
+    });
+    Add(*menu, tr("Re&name player ..."), {}, [this, &t] {
+        if (const int p = Bettor()) AskRenamePlayer(t, p);
+    });
+    Add(*menu, tr("&Move player"), {}, [this, &t] {
+        if (const int p = Bettor()) {
+            Hand->MovingPlayer = p;
+            SetPending(PendingAction::MovePlayer);
+        }
+        static_cast<void>(t);
+    });
+    Add(*menu, tr("&Cash out player ..."), {}, [&t] { AskRemovePlayer(t, t.ActivePlayer); });
+    Add(*menu, QStringLiteral("&Pass the dice"), {}, [&t] { PassTheDice(t, PassMode::Request); });
+    menu->addSeparator();
+    Add(*menu, tr("ATM &withdrawal ..."), Qt::CTRL | Qt::SHIFT | Qt::Key_W, [this] { AskAtm(true); });
+    Add(*menu, tr("ATM &deposit ..."), Qt::CTRL | Qt::SHIFT | Qt::Key_D, [this] { AskAtm(false); });
+}
+
+void MainWindow::MakeActionMenu() {
+    Table& t = Played->T();
+    QMenu* menu = menuBar()->addMenu(tr("&Bets/Action"));
+    const auto addPending = [this, menu](const QString& caption, PendingAction action) {
+        Add(*menu, caption, {}, [this, action] {
+            if (Bettor() != 0) SetPending(action);
+        });
+    };
+    addPending(tr("Call a bet O&N"), PendingAction::CallOn);
+    addPending(tr("Call a bet O&FF"), PendingAction::CallOff);
+    addPending(tr("&Buy a Place bet"), PendingAction::Buy);
+    addPending(tr("&Remove a bet"), PendingAction::Remove);
+    menu->addSeparator();
+    Add(*menu, tr("Take maximum &odds"), {}, [this, &t] {
+        if (const int p = Bettor()) MaxAllOdds(t, p);
+    });
+    Add(*menu, tr("&Lay maximum odds"), {}, [this, &t] {
+        if (const int p = Bettor()) MaxAllDontOdds(t, p);
+    });
+    menu->addSeparator();
+    AddSwitch(*menu, tr("&Key in amounts"), {}, &Table::KeyInMode);
+    AddSwitch(*menu, QStringLiteral("D&isplay bets as numbers"), {}, &Table::DisplayBetsAsNumbers);
+    AddSwitch(*menu, QStringLiteral("&Flash bets"), Qt::Key_Space, &Table::FlashBets);
+}
+
+void MainWindow::MakeViewMenu() {
+    QMenu* menu = menuBar()->addMenu(tr("&View"));
+    AddSwitch(*menu, QStringLiteral("&Auto-size/center"), Qt::Key_F11, &Table::AutoSizeTable);
+    Add(*menu, QStringLiteral("&Zoom/rotate/move table"), Qt::Key_Z, [this] {
+        if (Mover == nullptr) {
+            Mover = new MoveWindow(this);
+            connect(Mover, &MoveWindow::stepWanted, this, &MainWindow::StepView);
+        }
+        Mover->show();
+        Mover->raise();
+    });
+    const std::pair<QString, std::pair<QKeySequence, ViewStep>> steps[] = {
+        {tr("Zoom &in"), {QKeySequence::ZoomIn, ViewStep::ZoomIn}},
+        {tr("Zoom &out"), {QKeySequence::ZoomOut, ViewStep::ZoomOut}},
+        {tr("Turn c&lockwise"), {QKeySequence(Qt::CTRL | Qt::Key_Right), ViewStep::RotateCW}},
+        {tr("Turn co&unter-clockwise"), {QKeySequence(Qt::CTRL | Qt::Key_Left), ViewStep::RotateCCW}},
+    };
+    for (const auto& [caption, step] : steps) {
+        Add(*menu, caption, step.first, [this, wanted = step.second] { StepView(wanted, 0); });
+    }
+    menu->addSeparator();
+    MakeViewMenus(*menu);
+    menu->addSeparator();
+    MakeStatusMenu(*menu);
+    AddSwitch(*menu, QStringLiteral("Display &center prop bets"), {}, &Table::DisplayCenterProps);
+}
+
+void MainWindow::MakeViewMenus(QMenu& menu) {
+    Table& t = Played->T();
+    QMenu* save = menu.addMenu(QStringLiteral("&Save"));
+    QMenu* restore = menu.addMenu(QStringLiteral("&Restore"));
+    for (int view = 0; view < 10; ++view) {
+        const QString caption = QStringLiteral("View &%1").arg(view);
+        const auto digit = static_cast<Qt::Key>(Qt::Key_0 + view);
+        Add(*save, caption, QKeySequence(Qt::CTRL | digit), [&t, view] { SaveView(t, view); });
+        Add(*restore, caption, QKeySequence(Qt::SHIFT | digit), [this, &t, view] {
+            if (RestoreView(t, view)) View->RefreshTable();
+        });
+    }
+}
+
+void MainWindow::MakeStatusMenu(QMenu& menu) {
+    QMenu* status = menu.addMenu(tr("S&tatus boxes"));
+    auto* group = new QActionGroup(this);
+    const char* const captions[] = {"Align at &top of window", "Align at &bottom of window",
+                                    "Align at &left-side of window", "Align at &right-side of window",
+                                    "Place &near individual players"};
+    for (int align = 0; align < 5; ++align) {
+        QAction* action = Add(*status, QLatin1String(captions[align]), {}, [this, align] {
+            Played->T().StatusAlign = align;
+            Played->T().GameChanged = true;
+            PlaceStatusStrip();
+        });
+        action->setCheckable(true);
+        action->setChecked(align == Played->T().StatusAlign);
+        group->addAction(action);
+    }
+}
+
+void MainWindow::MakeHelpMenu() {
+    QMenu* menu = menuBar()->addMenu(tr("&Help"));
+    QAction* about = menu->addAction(tr("&About Tarnwick"));
+    connect(about, &QAction::triggered, this, [this] {
+        QMessageBox::about(this, tr("About Tarnwick"),
+                           tr("<b>Tarnwick %1</b><p>A craps table and a laboratory for betting systems.</p>"
+                              "<p>Free software under the GNU General Public License, version 3 or later.</p>")
+                               .arg(QStringLiteral(TARNWICK_VERSION)));
+    });
+}
+
+void MainWindow::MakeTable() {
+    Table& t = Played->T();
+    auto* middle = new QWidget;
+    Arrangement = new QGridLayout(middle);
+    Arrangement->setContentsMargins(0, 0, 0, 0);
+    Arrangement->setSpacing(0);
+    View = new FeltView(t);
+    View->setObjectName(QStringLiteral("picLayout"));
+    View->setFocusPolicy(Qt::StrongFocus);
+    Strip = new StatusStrip(t);
+    Strip->setObjectName(QStringLiteral("picStatus"));
+    Arrangement->addWidget(View, 1, 1);
+    Arrangement->setRowStretch(1, 1);
+    Arrangement->setColumnStretch(1, 1);
+    Amount = new AmountBox(View);
+    setCentralWidget(middle);
+    PlaceStatusStrip();
+}
+
+void MainWindow::PlaceStatusStrip() {
+    constexpr std::pair<int, int> cells[] = {{0, 1}, {2, 1}, {1, 0}, {1, 2}, {0, 1}};
+    const auto [row, column] = cells[Played->T().StatusAlign];
+    Arrangement->removeWidget(Strip);
+    Arrangement->addWidget(Strip, row, column);
+    Strip->Refresh();
+    View->RefreshTable();
+}
+
+void MainWindow::ConnectTable() {
+    connect(View, &FeltView::hotSpotPressed, this,
+            [this](int value, Qt::MouseButton button) { PressTable(value, button); });
+    connect(View, &FeltView::dicePressed, this, [this] {
+        if (!GuardCommand(Played->T())) Roll();
+        Refresh();
+    });
+    connect(View, &FeltView::hotSpotMoved, this, &MainWindow::MoveOver);
+    connect(View, &FeltView::mouseLeft, this, [this] { MoveOver(0); });
+    connect(Strip, &StatusStrip::boxPressed, this, [this](int p) {
+        if (!GuardCommand(Played->T())) Hand->SelectRail(p);
+        Refresh();
+    });
+    connect(Amount, &AmountBox::committed, this, [this](int row, qint64 amount) {
+        Hand->SetAmount(row, currency{amount});
+        Refresh();
+    });
+}
+
+void MainWindow::ConnectScreen() {
+    connect(Front, &DesktopScreen::amountBoxDue, Amount, &AmountBox::Commit);
+    connect(Front, &DesktopScreen::betChanged, View, &FeltView::RefreshBet);
+    connect(Front, &DesktopScreen::tableChanged, this, &MainWindow::Refresh);
+    connect(Front, &DesktopScreen::diceThrown, this, &MainWindow::ShowThrow);
+    connect(Front, &DesktopScreen::figuresChanged, this, &MainWindow::Refresh);
+    connect(Front, &DesktopScreen::runStateChanged, this, &MainWindow::Refresh);
+    connect(Front, &DesktopScreen::statusDue, StatusText, &QLabel::setText);
+}
+
+// --- commands ---
+
+void MainWindow::Roll() { RollDice(Played->T()); }
+
+void MainWindow::PressTable(int value, Qt::MouseButton button) {
+    Table& t = Played->T();
+    Amount->Commit();
+    if (button == Qt::LeftButton) {
+        if (const int row = Hand->PressLeft(value))
+            Amount->Open(row, View->lastPress(), t.BetAmount(t.ActivePlayer, row));
+    } else if (button == Qt::RightButton && !Hand->PressRight(value) && !GuardCommand(t)) {
+        Roll();
+    }
+    Refresh();
+}
+
+void MainWindow::MoveOver(int value) {
+    if (Played->T().HyperDriveActive || value == MouseOver) return;
+    MouseOver = value;
+    if (Amount->IsOpen() && RowOfHotSpot(Played->T(), value) != Amount->row()) Amount->GiveUp();
+    Refresh();
+}
+
+void MainWindow::StepView(ViewStep step, int modifier) {
+    Table& t = Played->T();
+    if (GuardCommand(t)) return;
+    t.AutoSizeTable = false;
+    const QSize window = View->size();
+    HeldCentre& centre = View->Centre();
+    switch (step) {
+        case ViewStep::ZoomIn:
+            ZoomIn(t, centre, modifier);
+            break;
+        case ViewStep::ZoomOut:
+            ZoomOut(t, centre, modifier);
+            break;
+        case ViewStep::RotateCW:
+            RotateCW(t, centre, modifier);
+            break;
+        case ViewStep::RotateCCW:
+            RotateCCW(t, centre, modifier);
+            break;
+        case ViewStep::MoveUp:
+            MoveTable(t, MoveDirection::Up, modifier, window);
+            break;
+        case ViewStep::MoveDown:
+            MoveTable(t, MoveDirection::Down, modifier, window);
+            break;
+        case ViewStep::MoveLeft:
+            MoveTable(t, MoveDirection::Left, modifier, window);
+            break;
+        case ViewStep::MoveRight:
+            MoveTable(t, MoveDirection::Right, modifier, window);
+            break;
+        case ViewStep::Center:
+            CenterTable(t, centre, window);
+            break;
+    }
+    Refresh();
+}
+
+void MainWindow::ShowThrow() {
+    if (!isVisible() || Played->T().DiceAction != 0) return View->RefreshTable();
+    QElapsedTimer clock;
+    clock.start();
+    for (qint64 passed = 0; passed < ThrowMilliseconds; passed = clock.elapsed()) {
+        View->ShowThrow(static_cast<double>(passed) / static_cast<double>(ThrowMilliseconds));
+        QThread::msleep(ThrowFrame);
+    }
+    View->ShowThrow(1);
+}
+
+QString MainWindow::BetText(int row) {
+    const Table& t = Played->T();
+    const int p = t.ActivePlayer;
+    QString text = Words(BetName(row));
+    if (IsSeated(t, p) && !IsZero(t.BetAmount(p, row)))
+        text += QStringLiteral(":  ") + QStringLiteral("$") + Words(FormatCommas(t.BetAmount(p, row)));
+    if (row > Row::LastBet) return text;
+    const PayoffEntry& pays = t.Payoff[At(row)];
+    const currency wins = IsZero(pays.ToForm) ? pays.Pays + pays.For : pays.Pays;
+    return text +
+           tr("   pays %1 %2 %3")
+               .arg(Words(PlainAmount(wins)), IsZero(pays.ToForm) ? tr("for") : tr("to"), Words(PlainAmount(pays.For)));
+}
+
+void MainWindow::ToggleRun() {
+    ToggleAutoRoll(Played->T());
+    Refresh();
+}
+
+void MainWindow::StartNewSession() {
+    Table& t = Played->T();
+    NewSessionDialog dialog(!t.DiceRollFileName.empty(), this);
+    if (dialog.exec() != QDialog::Accepted) return;
+    NewSession(t, dialog.Options());
+    Played->Scripts().Initialize(t);
+    PlayComeOutCall(t);
+}
+
+void MainWindow::AskAtm(bool withdrawal) {
+    Table& t = Played->T();
+    const int p = Bettor();
+    if (p == 0) return;
+    const std::string title = withdrawal ? "ATM Withdrawal" : "ATM Deposit";
+    const std::string text = "How much would " + t.PlayerName[At(p)] + " like to " +
+                             (withdrawal ? "withdraw from" : "deposit into") + " the ATM?";
+    const Answer answer =
+        ShowMessage(t, {title, text, MsgButton::InputQuestion, 400, PlainAmount(t.AtmAmount[At(p)]), {}});
+    const auto amount = answer.Result == MsgAnswer::Ok ? ParseAmount(answer.Input) : std::nullopt;
+    if (!amount || *amount <= currency{}) return;
+    t.AtmAmount[At(p)] = *amount;
+    AtmTransaction(t, p, withdrawal ? *amount : -*amount);
+}
+
+int MainWindow::Bettor() {
+    Table& t = Played->T();
+    if (IsSeated(t, t.ActivePlayer)) return t.ActivePlayer;
+    ShowNote(t, "Bettor Not Selected", "If you'd like to make a bet, please select a player.");
+    return 0;
+}
+
+void MainWindow::SetPending(PendingAction action) { Hand->Pending = action; }
+
+void MainWindow::ShowPad() {
+    if (Pad == nullptr) {
+        Pad = new RollPad(Played->T(), this);
+        connect(Pad, &RollPad::picked, this, [this](int die1, int die2) {
+            if (!GuardCommand(Played->T())) PadRoll(Played->T(), die1, die2);
+            Refresh();
+        });
+        connect(Pad, &RollPad::randomWanted, this, [this] {
+            if (!GuardCommand(Played->T())) Roll();
+            Refresh();
+        });
+        connect(Pad, &RollPad::runWanted, this, &MainWindow::ToggleRun);
+    }
+    Pad->show();
+    Pad->raise();
+    Pad->ShowRunState();
+}
+
+void MainWindow::Refresh() {
+    const Table& t = Played->T();
+    const bool hyper = t.HyperThrottle != AutoRollThrottle;
+    RunAction->setText(
+        hyper ? (t.AutoRollActive ? QStringLiteral("Stop &Hyper-Drive") : QStringLiteral("Start &Hyper-Drive"))
+              : (t.AutoRollActive ? QStringLiteral("Stop &Auto-Roll") : QStringLiteral("Start &Auto-Roll")));
+    for (const auto& [action, flag] : Switches) {
+        const QSignalBlocker quiet(action);
+        action->setChecked(t.*flag);
+    }
+    const int row = RowOfHotSpot(t, MouseOver);
+    const QString pending = QString::fromLatin1(Hand->PendingText());
+    StatusText->setText(!pending.isEmpty() || row == 0 ? pending : BetText(row));
+    Strip->Refresh();
+    View->RefreshTable();
+    if (Pad != nullptr) {
+        Pad->ShowLastRoll();
+        Pad->ShowRunState();
+    }
+}
+
+void MainWindow::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape && Hand->Pending != PendingAction::Bet) {
+        Hand->Pending = PendingAction::Bet;
+        Refresh();
+        return;
+    }
+    QMainWindow::keyPressEvent(event);
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    if (GuardCommand(Played->T())) return event->ignore();
+    event->accept();
+}
+
+}  // namespace tarnwick

@@ -1,0 +1,95 @@
+// The main window: the table, its menu bar and the status line.
+#pragma once
+
+#include <QMainWindow>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "display/tableactions.h"
+
+class QAction;
+class QActionGroup;
+class QGridLayout;
+class QLabel;
+class QMenu;
+
+namespace tarnwick {
+
+class AmountBox;
+class DesktopScreen;
+class FeltView;
+class Game;
+class MoveWindow;
+class RollPad;
+class StatusStrip;
+enum class ViewStep;
+
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+
+  public:
+    MainWindow();
+    ~MainWindow() override;
+
+    Game& CurrentGame() { return *Played; }
+    TableActions& Actions() { return *Hand; }
+
+    /// Rolls once, or says why not; an amount being typed is placed first.
+    void Roll();
+    void ToggleRun();
+    FeltView& Felt() { return *View; }
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+  private:
+    using Command = std::function<void()>;
+    /// A menu entry whose command is dropped when the user doesn't want to disturb a run.
+    QAction* Add(QMenu& menu, const QString& caption, const QKeySequence& keys, Command command);
+    QAction* AddSwitch(QMenu& menu, const QString& caption, const QKeySequence& keys, bool Table::*flag);
+
+    void MakeGameMenu();
+    void MakePlayersMenu();
+    void MakeActionMenu();
+    void MakeViewMenu();
+    void MakeHelpMenu();
+    void ConnectScreen();
+    void MakeTable();
+    void ConnectTable();
+    void PlaceStatusStrip();
+    void MakeStatusMenu(QMenu& menu);
+    void MakeViewMenus(QMenu& menu);
+
+    void PressTable(int value, Qt::MouseButton button);
+    void MoveOver(int value);
+    void StepView(ViewStep step, int modifier);
+    void ShowThrow();
+    /// What the status line says of the bettor's bet on `row`.
+    QString BetText(int row);
+
+    void StartNewSession();
+    void AskAtm(bool withdrawal);
+    /// The bettor, or 0 with the words that ask for one.
+    int Bettor();
+    void SetPending(PendingAction action);
+    void ShowPad();
+    void Refresh();
+
+    std::unique_ptr<Game> Played;
+    std::unique_ptr<TableActions> Hand;
+    DesktopScreen* Front = nullptr;
+    FeltView* View = nullptr;
+    StatusStrip* Strip = nullptr;
+    AmountBox* Amount = nullptr;
+    RollPad* Pad = nullptr;
+    MoveWindow* Mover = nullptr;
+    QGridLayout* Arrangement = nullptr;
+    int MouseOver = 0;
+    QAction* RunAction = nullptr;
+    std::vector<std::pair<QAction*, bool Table::*>> Switches;
+    QLabel* StatusText = nullptr;
+};
+
+}  // namespace tarnwick

@@ -1,0 +1,66 @@
+// What a hand does at the table: presses of the mouse on a hot spot and the commands of the Action menu. Everything
+// goes through the table's own rules; no window is known here.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "table/crapcnst.h"
+
+namespace tarnwick {
+
+/// What the next press on a bet means.
+enum class PendingAction { Bet, CallOn, CallOff, Buy, Remove, MovePlayer };
+
+/// Values of the hot-spot map.
+namespace HotSpot {
+constexpr int None = 0;
+constexpr int RailFactor = 1000;  ///< 1000 p + m
+constexpr int FirstRail = 1000;
+constexpr int LastRail = 8999;
+constexpr int FirstSlot = 11;  ///< m 11..14: CheckStack slots
+constexpr int LastSlot = 14;
+constexpr int SlotShift = 90;  ///< from m to the slot's number 101..104
+}  // namespace HotSpot
+
+inline bool IsRail(int value) { return HotSpot::FirstRail <= value && value <= HotSpot::LastRail; }
+inline int RailPosition(int value) { return value / HotSpot::RailFactor; }
+inline int RailItem(int value) { return value % HotSpot::RailFactor; }
+
+/// The row 1..91 or 101..199 that a press on hot-spot value `value` addresses; 0 when it is no bet. Slots 101..104
+/// stand for the CheckStacks that the bettor shows there.
+int RowOfHotSpot(const Table& t, int value);
+
+class TableActions {
+  public:
+    explicit TableActions(Table& t) : T(t) {}
+
+    PendingAction Pending = PendingAction::Bet;
+    int MovingPlayer = 0;  ///< who takes the next rail position, with MovePlayer
+
+    /// Words of the status line while something is pending; empty for plain betting.
+    const char* PendingText() const;
+
+    /// A left press on `value` (what HotSpotAt gives). Returns the row for which the amount box must open, or 0.
+    int PressLeft(int value);
+    /// A right press: takes a check off a bet. False when it wasn't on a bet: then the dice are to be rolled.
+    bool PressRight(int value);
+
+    /// Adds the selected check to the bettor's bet (or takes it off). Needs a bettor; says so when there is none.
+    void AddCheck(int row, bool off);
+    /// What the amount box held when it closed: the bet of the bettor on `row` becomes `amount`.
+    void SetAmount(int row, currency amount);
+
+    void CallSelected(int row, bool on);
+    /// Makes p 1..8 the bettor, or offers to seat somebody there.
+    void SelectRail(int p);
+
+  private:
+    bool HasBettor() const;
+    bool ApplyPending(int row);
+    void FinishMove(int p);
+
+    Table& T;
+};
+
+}  // namespace tarnwick

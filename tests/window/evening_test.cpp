@@ -1,0 +1,206 @@
+// An evening at the main window, with the mouse and the keyboard of a person.
+#include <gtest/gtest.h>
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QPushButton>
+
+#include "display/amountbox.h"
+#include "display/felt/feltlayout.h"
+#include "display/felt/felttransform.h"
+#include "display/felt/feltview.h"
+#include "display/game.h"
+#include "display/mainwindow.h"
+#include "display/rollpad.h"
+#include "stats/accumulators.h"
+#include "table/placement.h"
+#include "table/players.h"
+#include "table/rolldice.h"
+#include "window/windows.h"
+
+namespace tarnwick {
+namespace {
+
+struct EveningTest : testing::Test {
+    MainWindow Window;
+    Table& T = Window.CurrentGame().T();
+
+    void SetUp() override {
+        Window.resize(1280, 760);
+        Window.show();
+        Window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&Window));
+        T.DiceAction = 1;  // no animation to wait for
+        T.ShooterBetRequirement = 0;
+    }
+    void TearDown() override { T.AutoRollActive = T.HyperDriveActive = false; }
+
+    QPoint Pixel(QPointF felt) const {
+        const QPoint inView = TableToScreen(T, felt);
+        return Window.findChild<QWidget*>("picLayout")->mapTo(&Window, inView);
+    }
+    void ClickAt(QPointF felt, Qt::MouseButton button = Qt::LeftButton) {
+        QTest::mouseClick(Window.windowHandle(), button, {}, Pixel(felt));
+    }
+    /// Clicks into the first box of `row`.
+    void ClickBet(int row, Qt::MouseButton button = Qt::LeftButton) {
+        for (const FeltRegion& region : TheFelt().Regions) {
+            if (region.BetRow == row && IsShown(T, region.Option)) return ClickAt(region.Seed, button);
+        }
+        FAIL() << "no box for row " << row;
+    }
+    void Seat(int p, const char* name) {
+        DialogDriver driver({[](QDialog& d) { QTest::keyClick(d.windowHandle(), Qt::Key_Return); },
+                             [name](QDialog& d) {
+                                 Type(d, QString::fromLatin1(name));
+                                 QTest::keyClick(d.windowHandle(), Qt::Key_Return);
+                             },
+                             [](QDialog& d) {
+                                 Type(d, "1000");
+                                 QTest::keyClick(d.windowHandle(), Qt::Key_Return);
+                             }});
+        ClickAt(TheFelt().Seats[static_cast<std::size_t>(p)].NameCentre);
+        EXPECT_EQ(driver.Left(), 0u);
+        ASSERT_EQ(T.PlayerName[static_cast<std::size_t>(p)], name);
+    }
+    /// A key at the main window, which a window manager would have made active again after a dialog.
+    void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        Window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&Window));
+        QTest::keyClick(Window.windowHandle(), key, modifiers);
+    }
+    QString Status() const { return Window.findChild<QLabel*>("lblStatus")->text(); }
+    QAction* MenuEntry(const QString& caption) {
+        for (QAction* action : Window.findChildren<QAction*>()) {
+            if (action->text() == caption) return action;
+        }
+        ADD_FAILURE() << "no menu entry " << caption.toStdString();
+        return nullptr;
+    }
+};
+
+TEST_F(EveningTest, APlayerSitsDownBetsAndRolls) {
+    Seat(3, "Ann");
+    EXPECT_EQ(T.ActivePlayer, 3);
+    T.SelectedCheck = 2;
+    ClickBet(Row::PassLine);
+    ClickBet(Row::PassLine);
+    EXPECT_EQ(T.BetAmount(3, Row::PassLine), Dollars(10));
+    ClickBet(Row::PassLine, Qt::RightButton);
+    EXPECT_EQ(T.BetAmount(3, Row::PassLine), Dollars(5));
+    EXPECT_TRUE(Status().startsWith("Pass Line:  $5")) << Status().toStdString();
+
+    T.WinnerHandling[3] = T.LoserHandling[3] = 1;
+    const auto before = SessionRolls(T);
+    ClickAt({624, 510}, Qt::RightButton);  // the wood: no bet
+    EXPECT_EQ(SessionRolls(T), before + 1);
+    Press(Qt::Key_Return);
+    EXPECT_EQ(SessionRolls(T), before + 2);
+}
+
+TEST_F(EveningTest, ADecidedBetIsAskedAbout) {
+    Seat(1, "Ann");
+    T.SelectedCheck = 3;
+    ClickBet(Row::Field);
+    ASSERT_EQ(T.BetAmount(1, Row::Field), Dollars(25));
+    DialogDriver driver({[](QDialog& d) {
+        EXPECT_EQ(d.objectName(), "frmSettleBet");
+        QTest::keyClick(d.windowHandle(), Qt::Key_S, Qt::AltModifier);
+    }});
+    PadRoll(T, 1, 3);
+    EXPECT_EQ(driver.Left(), 0u);
+    EXPECT_EQ(T.BetAmount(1, Row::Field), Dollars(25));
+    EXPECT_EQ(T.Bankroll[1], Dollars(1025));
+}
+
+TEST_F(EveningTest, AmountsCanBeKeyedIn) {
+    Seat(6, "Ann");
+    MenuEntry("&Key in amounts")->trigger();
+    auto* box = Window.findChild<AmountBox*>();
+    ClickBet(Row::Hard6);
+    ASSERT_TRUE(box->IsOpen());
+    QTest::keyClicks(box, "12");
+    QTest::keyClick(box, Qt::Key_Return);
+    EXPECT_FALSE(box->IsOpen());
+    EXPECT_EQ(T.BetAmount(6, Row::Hard6), Dollars(12));
+
+    ClickBet(Row::Hard6);
+    QTest::keyClicks(box, "99");
+    QTest::keyClick(box, Qt::Key_Escape);
+    EXPECT_EQ(T.BetAmount(6, Row::Hard6), Dollars(12)) << "Escape changes nothing";
+
+    ClickBet(Row::Hard6);
+    QTest::keyClicks(box, "3");
+    T.LoserHandling[6] = T.WinnerHandling[6] = 1;
+    PadRoll(T, 1, 1);
+    EXPECT_EQ(T.BetAmount(6, Row::Hard6), Dollars(3)) << "what is being typed is placed before a roll";
+}
+
+TEST_F(EveningTest, TheActionMenuWaitsForItsBet) {
+    Seat(2, "Ann");
+    T.SelectedCheck = 4;
+    ClickBet(Row::Place4);
+    MenuEntry("&Buy a Place bet")->trigger();
+    EXPECT_EQ(Status(), "Click the bet to buy");
+    Press(Qt::Key_Escape);
+    EXPECT_NE(Status(), "Click the bet to buy");
+    MenuEntry("&Buy a Place bet")->trigger();
+    T.NotifyBits = 0;
+    ClickBet(Row::Place4);
+    EXPECT_EQ(T.BetAmount(2, Row::Buy4), Dollars(100));
+    EXPECT_TRUE(IsZero(T.BetAmount(2, Row::Place4)));
+}
+
+TEST_F(EveningTest, TheTableTurnsAndTheBetsTurnWithIt) {
+    Seat(4, "Ann");
+    for (const char* caption : {"Turn c&lockwise", "Zoom &in", "Turn co&unter-clockwise", "Zoom &out"}) {
+        MenuEntry(caption)->trigger();
+        const currency before = T.BetAmount(4, Row::Come + 4);
+        ClickBet(Row::Field);
+        EXPECT_EQ(T.BetAmount(4, Row::Come + 4), before + Dollars(1)) << caption;
+    }
+    EXPECT_EQ(T.TableAngle, 0);
+    Press(Qt::Key_3, Qt::ControlModifier);
+    MenuEntry("Turn c&lockwise")->trigger();
+    ASSERT_NE(T.TableAngle, 0);
+    MenuEntry("&Restore")->menu()->actions().at(3)->trigger();
+    EXPECT_EQ(T.TableAngle, 0);
+}
+
+TEST_F(EveningTest, ThePadRollsWhatIsPicked) {
+    Seat(5, "Ann");
+    T.WinnerHandling[5] = T.LoserHandling[5] = 1;
+    MenuEntry("Roll &your own numbers")->trigger();
+    auto* pad = Window.findChild<RollPad*>();
+    ASSERT_NE(pad, nullptr);
+    pad->SetForm(PadForm::Box);
+    pad->findChild<QPushButton*>("cell62")->click();
+    EXPECT_EQ(T.Die1, 6);
+    EXPECT_EQ(T.Die2, 2);
+    EXPECT_EQ(T.Point, 8);
+}
+
+TEST_F(EveningTest, ARunGoesOnUntilItIsStopped) {
+    Seat(8, "Ann");
+    T.WinnerHandling[8] = T.LoserHandling[8] = 1;
+    T.HyperThrottle = 0;
+    QTimer::singleShot(60, &Window, [this] { Window.ToggleRun(); });
+    Window.ToggleRun();
+    EXPECT_FALSE(T.AutoRollActive);
+    EXPECT_GT(SessionRolls(T), 100);
+
+    // A press on the table asks first; Yes stops the run, and the press does nothing else.
+    QTimer::singleShot(40, &Window, [this] { ClickBet(Row::Field); });
+    DialogDriver driver({[](QDialog& d) {
+        EXPECT_EQ(d.windowTitle(), "Hyper-Drive Active");
+        QTest::keyClick(d.windowHandle(), Qt::Key_Return);
+    }});
+    Window.ToggleRun();
+    EXPECT_FALSE(T.AutoRollActive);
+    EXPECT_EQ(driver.Left(), 0u);
+    EXPECT_TRUE(IsZero(T.BetAmount(8, Row::Field)));
+}
+
+}  // namespace
+}  // namespace tarnwick
