@@ -34,8 +34,6 @@ void DesktopScreen::ShowStatus(std::string_view text) { emit statusDue(Words(tex
 
 void DesktopScreen::PlaySoundFile(const std::string& path) { emit soundFileDue(Words(path)); }
 
-void DesktopScreen::EventLogged(std::string_view line) { emit lineLogged(Words(line)); }
-
 void DesktopScreen::PumpEvents() {
     const qint64 now = Clock.elapsed();
     if (T.HyperDriveActive && now - LastPump < PumpInterval) return;

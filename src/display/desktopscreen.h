@@ -30,8 +30,6 @@ class DesktopScreen final : public QObject, public Screen {
     void PlaySound(SoundKind kind, int number) override { emit soundDue(static_cast<int>(kind), number); }
     void ShowStatus(std::string_view text) override;
     void PlaySoundFile(const std::string& path) override;
-    void EventLogged(std::string_view line) override;
-    void SessionEnded(int p) override { emit sessionEnded(p); }
     void PumpEvents() override;
     void WaitEvents(int milliseconds) override;
     std::uint32_t Milliseconds() override;
@@ -48,8 +46,6 @@ class DesktopScreen final : public QObject, public Screen {
     void soundDue(int kind, int number);
     void soundFileDue(const QString& path);
     void statusDue(const QString& text);
-    void lineLogged(const QString& line);
-    void sessionEnded(int p);
     void helpWanted(const QString& topic);
 
   private:

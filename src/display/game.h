@@ -1,22 +1,32 @@
-// The game that the desktop plays: the table, the scripts of its players and the file that keeps them.
+// The game that the desktop plays: the table, the scripts of its players, its logs and the file that keeps it.
 #pragma once
 
 #include <memory>
 #include <string>
 
 #include "autobet/autobets.h"
+#include "stats/tablelogs.h"
 #include "table/crapcnst.h"
 
 namespace tarnwick {
 
 class Game {
   public:
-    Game();
+    /// `userFolder` holds the standing files.
+    explicit Game(std::string userFolder);
+    ~Game();
     Game(const Game&) = delete;
     Game& operator=(const Game&) = delete;
 
-    /// Brings the table into the state of a program that has just started, speaking through `front`.
-    void Start(Screen& front);
+    /// Brings the table into the state of a program that has just started, speaking through `front`: the game `given`
+    /// on the command line, else the standing one.
+    void Start(Screen& front, const std::string& given);
+
+    /// False after a message; Open leaves the game as it was then, unless the file was cut short.
+    bool Open(const std::string& path);
+    bool Save(const std::string& path);
+    /// Keeps the standing game for the next start.
+    bool SaveAtExit();
 
     Table& T() { return *State; }
     AutoBets& Scripts() { return ScriptsOf; }
@@ -24,6 +34,11 @@ class Game {
   private:
     std::unique_ptr<Table> State;
     AutoBets ScriptsOf;
+    std::string Folder;
+    TableLogs Logs;
 };
+
+/// The user's folder by the environment.
+std::string DesktopUserFolder();
 
 }  // namespace tarnwick

@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <QStyleFactory>
 
+#include "display/game.h"
 #include "display/mainwindow.h"
 #include "display/tablepicture.h"
 
@@ -11,7 +12,9 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName("Tarnwick");
     QApplication::setApplicationVersion(TARNWICK_VERSION);
     QApplication::setStyle(QStyleFactory::create("Fusion"));
-    tarnwick::MainWindow window;
+    const QStringList arguments = QApplication::arguments();
+    tarnwick::MainWindow window(tarnwick::DesktopUserFolder(),
+                                arguments.size() > 1 ? arguments.at(1).toStdString() : std::string());
     window.show();
     return QApplication::exec();
 }

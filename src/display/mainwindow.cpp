@@ -14,13 +14,16 @@
 
 #include "display/amountbox.h"
 #include "display/desktopscreen.h"
+#include "display/felt/dicepainter.h"
 #include "display/felt/feltview.h"
 #include "display/felt/statusboxes.h"
+#include "display/filewindow.h"
 #include "display/game.h"
 #include "display/movewindow.h"
 #include "display/newsessiondialog.h"
 #include "display/rollpad.h"
 #include "display/words.h"
+#include "files/gamefile.h"
 #include "table/bankroll.h"
 #include "table/format.h"
 #include "table/messages.h"
@@ -34,19 +37,20 @@ namespace tarnwick {
 namespace {
 
 constexpr int AutoRollThrottle = 12;
-constexpr qint64 ThrowMilliseconds = 350;
+constexpr qint64 ThrowMilliseconds = 450;
 constexpr unsigned long ThrowFrame = 14;
 
 std::size_t At(int i) { return static_cast<std::size_t>(i); }
 
 }  // namespace
 
-MainWindow::MainWindow() : Played(std::make_unique<Game>()) {
+MainWindow::MainWindow(const std::string& userFolder, const std::string& given)
+    : Played(std::make_unique<Game>(userFolder)) {
     setObjectName(QStringLiteral("main"));
     setWindowTitle(QStringLiteral("Tarnwick"));
     resize(1280, 720);
     Front = new DesktopScreen(Played->T(), this);
-    Played->Start(*Front);
+    Played->Start(*Front, given);
     Hand = std::make_unique<TableActions>(Played->T());
     StatusText = new QLabel;
     StatusText->setObjectName(QStringLiteral("lblStatus"));
@@ -97,6 +101,9 @@ void MainWindow::MakeGameMenu() {
     Table& t = Played->T();
     QMenu* menu = menuBar()->addMenu(tr("&Game"));
     Add(*menu, tr("&New ..."), QKeySequence::New, [this] { StartNewSession(); });
+    Add(*menu, QStringLiteral("&Open ..."), QKeySequence::Open, [this] { OpenAnotherGame(); });
+    Add(*menu, QStringLiteral("&Save"), QKeySequence::Save, [this] { SaveThisGame(); });
+    Add(*menu, QStringLiteral("Save &As ..."), QKeySequence::SaveAs, [this] { SaveGameUnderName(); });
     menu->addSeparator();
     Add(*menu, QStringLiteral("&Roll the dice  (Right mouse button)"), Qt::Key_Return, [this] { Roll(); });
     // Not guarded: it is what stops a run.
@@ -354,7 +361,7 @@ void MainWindow::StepView(ViewStep step, int modifier) {
 }
 
 void MainWindow::ShowThrow() {
-    if (!isVisible() || Played->T().DiceAction != 0) return View->RefreshTable();
+    if (!isVisible() || !DiceFly(Played->T())) return View->RefreshTable();
     QElapsedTimer clock;
     clock.start();
     for (qint64 passed = 0; passed < ThrowMilliseconds; passed = clock.elapsed()) {
@@ -390,6 +397,41 @@ void MainWindow::StartNewSession() {
     NewSession(t, dialog.Options());
     Played->Scripts().Initialize(t);
     PlayComeOutCall(t);
+}
+
+void MainWindow::TakeGame() {
+    View->RefreshTable();
+    PlaceStatusStrip();
+    Refresh();
+}
+
+void MainWindow::OpenAnotherGame() {
+    if (!MayLeaveGame()) return;
+    const std::string path = ChooseFile(*this, Played->T(), FilePurpose::OpenSession);
+    if (path.empty()) return;
+    Played->Open(path);
+    TakeGame();
+}
+
+bool MainWindow::SaveThisGame() {
+    const std::string path = Played->T().GameFileName;
+    return path.empty() ? SaveGameUnderName() : Played->Save(path);
+}
+
+bool MainWindow::SaveGameUnderName() {
+    const std::string path = ChooseFile(*this, Played->T(), FilePurpose::SaveSessionAs);
+    return !path.empty() && Played->Save(path);
+}
+
+bool MainWindow::MayLeaveGame() {
+    switch (AskAboutUnsavedGame(Played->T())) {
+        case UnsavedGame::Cancel:
+            return false;
+        case UnsavedGame::Save:
+            return SaveThisGame();
+        default:
+            return true;
+    }
 }
 
 void MainWindow::AskAtm(bool withdrawal) {
@@ -440,6 +482,7 @@ void MainWindow::Refresh() {
     RunAction->setText(
         hyper ? (t.AutoRollActive ? QStringLiteral("Stop &Hyper-Drive") : QStringLiteral("Start &Hyper-Drive"))
               : (t.AutoRollActive ? QStringLiteral("Stop &Auto-Roll") : QStringLiteral("Start &Auto-Roll")));
+    setWindowTitle(Words(GameTitle(t)));
     for (const auto& [action, flag] : Switches) {
         const QSignalBlocker quiet(action);
         action->setChecked(t.*flag);
@@ -465,7 +508,8 @@ void MainWindow::keyPressEvent(QKeyEvent* event) {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-    if (GuardCommand(Played->T())) return event->ignore();
+    if (GuardCommand(Played->T()) || !MayLeaveGame()) return event->ignore();
+    Played->SaveAtExit();
     event->accept();
 }
 

@@ -29,7 +29,8 @@ class MainWindow : public QMainWindow {
     Q_OBJECT
 
   public:
-    MainWindow();
+    /// Opens the game `given`, a path, or else the standing one of `userFolder`.
+    explicit MainWindow(const std::string& userFolder, const std::string& given = {});
     ~MainWindow() override;
 
     Game& CurrentGame() { return *Played; }
@@ -70,6 +71,12 @@ class MainWindow : public QMainWindow {
     QString BetText(int row);
 
     void StartNewSession();
+    void OpenAnotherGame();
+    bool SaveThisGame();
+    bool SaveGameUnderName();
+    /// False when the user wants to stay with the game as it is.
+    bool MayLeaveGame();
+    void TakeGame();
     void AskAtm(bool withdrawal);
     /// The bettor, or 0 with the words that ask for one.
     int Bettor();

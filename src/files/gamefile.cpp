@@ -1,4 +1,5 @@
 #include "files/gamefile.h"
+#include "dice/probabilityfile.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -30,18 +31,18 @@ bool IsDefaultGame(const std::string& path) { return LowerCase(ShortName(path)) 
 
 /// The links of the image with the dates of their files; those that are gone are left out where the format says so.
 /// Returns what is wrong, or nothing.
-std::string LinkFiles(const Table& t, GameImage& image, const std::string& path, const GameHost& host) {
+std::string LinkFiles(const Table& t, GameImage& image, const std::string& path, const std::string& userFolder) {
     image.DiceFile.Date = FileDateText(image.DiceFile.Name);
-    const std::string log = PathIn(host.UserPath, image.EventsLog.Name);
+    const std::string log = PathIn(userFolder, image.EventsLog.Name);
     image.EventsLog.Date = FileDateText(log);
     if (!IsFile(log)) image.EventsLog = {};
     for (PlayerImage& player : image.Players) player.Script.Date = FileDateText(player.Script.Name);
     std::string fault;
     if (t.ProbabilitiesChanged) {
         image.Probabilities = {};
-        const std::string carrier = PathIn(host.UserPath, std::string(DefaultMatrixName));
-        if (IsDefaultGame(path) && host.SaveUnsavedMatrix != nullptr) {
-            fault = host.SaveUnsavedMatrix(t, carrier);
+        const std::string carrier = PathIn(userFolder, std::string(DefaultMatrixName));
+        if (IsDefaultGame(path)) {
+            fault = SaveUnsavedMatrix(t, carrier);
             if (fault.empty()) image.Probabilities.Name = carrier;
             image.ProbabilityUntitled = fault.empty();
         }
@@ -60,10 +61,10 @@ void TellLost(Table& t, const std::vector<std::string>& lost) {
 
 }  // namespace
 
-bool SaveGame(Table& t, const std::string& path, const GameHost& host) {
+bool SaveGame(Table& t, const std::string& path, const std::string& userFolder) {
     FlushDiceFile(t);
     GameImage image = ImageOf(t);
-    const std::string matrixFault = LinkFiles(t, image, path, host);
+    const std::string matrixFault = LinkFiles(t, image, path, userFolder);
     std::vector<std::string> lost;
     const std::string fault = ReplaceFile(path, GameBytes(image, lost));
     if (!fault.empty()) {
@@ -118,20 +119,20 @@ bool LinkDiceFile(Table& t, const GameImage& image) {
     return false;
 }
 
-void LinkProbabilities(Table& t, const GameImage& image, const GameHost& host) {
+void LinkProbabilities(Table& t, const GameImage& image) {
     const FileLink& link = image.Probabilities;
     if (link.Name.empty()) return;
-    const auto open = image.ProbabilityUntitled ? host.OpenUnsavedMatrix : host.OpenProbabilities;
-    if (!IsFile(link.Name) || open == nullptr || !open(t, link.Name)) {
+    const auto open = image.ProbabilityUntitled ? OpenUnsavedMatrix : OpenProbabilities;
+    if (!IsFile(link.Name) || !open(t, link.Name)) {
         TellLink(t, "Probability file", "was not found:", link.Name, "Missing Probability File");
     } else if (FileDateText(link.Name) != link.Date) {
         TellLink(t, "Probability file", "has been changed:", link.Name, "Altered Probability File");
     }
 }
 
-void LinkEventsLog(Table& t, const GameHost& host) {
+void LinkEventsLog(Table& t, const std::string& userFolder) {
     std::string& log = t.EventsLogFileName;
-    const std::string path = PathIn(host.UserPath, log);
+    const std::string path = PathIn(userFolder, log);
     if (!log.empty() && IsFile(path)) return;
     if (!log.empty()) TellLink(t, "Events Log", "was not found.", path, "Missing Events Log");
     log = DefaultEventsLogName;
@@ -164,11 +165,11 @@ void LinkScript(Table& t, int p, const FileLink& link) {
     }
 }
 
-void LinkSessionsLog(Table& t, int p, const GameHost& host) {
+void LinkSessionsLog(Table& t, int p, const std::string& userFolder) {
     std::string& log = t.SessionsLogName[At(p)];
-    const std::string path = PathIn(host.UserPath, log);
+    const std::string path = PathIn(userFolder, log);
     const std::string standard = DefaultSessionsLogName(t.PlayerName[At(p)]);
-    const std::string standardPath = PathIn(host.UserPath, standard);
+    const std::string standardPath = PathIn(userFolder, standard);
     if (log.empty()) log = standard;
     if (IsFile(path) || path == standardPath || path.empty()) return;
     const std::string instead = IsFile(standardPath)
@@ -192,7 +193,7 @@ void KeepProgram(Table& staged, Table& t, bool isDefault) {
     staged.MainWindowState = t.MainWindowState;
 }
 
-void TakeOver(Table& t, GameImage& image, const std::string& path, const GameHost& host) {
+void TakeOver(Table& t, GameImage& image, const std::string& path, const std::string& userFolder) {
     CloseDiceRollFile(t);
     if (t.Logs != nullptr) t.Logs->Serve(t);  // what is collected belongs to the log that was
     for (int p = 1; image.PlayersRead && p < Positions; ++p) DropScript(t, p);
@@ -200,12 +201,12 @@ void TakeOver(Table& t, GameImage& image, const std::string& path, const GameHos
     KeepProgram(staged, t, IsDefaultGame(path));
     t = staged;
     const bool rewind = LinkDiceFile(t, image);
-    LinkProbabilities(t, image, host);
-    LinkEventsLog(t, host);
+    LinkProbabilities(t, image);
+    LinkEventsLog(t, userFolder);
     for (int p = 1; p < Positions; ++p) {
         if (!IsSeated(t, p) || !image.PlayersRead) continue;
         LinkScript(t, p, image.Players[At(p)].Script);
-        LinkSessionsLog(t, p, host);
+        LinkSessionsLog(t, p, userFolder);
     }
     if (rewind) {
         t.DiceFileNextRecord = t.DiceFilePosition = 1;
@@ -226,7 +227,7 @@ bool RefuseForm(Table& t, GameForm form, const std::string& path) {
 
 }  // namespace
 
-bool OpenGame(Table& t, const std::string& path, const GameHost& host) {
+bool OpenGame(Table& t, const std::string& path, const std::string& userFolder) {
     if (t.RollInProgress || t.ScriptRunning) return false;
     std::string bytes;
     const std::string fault = ReadWholeFile(path, LongestGame, bytes);
@@ -240,7 +241,7 @@ bool OpenGame(Table& t, const std::string& path, const GameHost& host) {
     image.DiceFile.Date = FileDateText(t.DiceRollFileName);
     image.Probabilities.Date = FileDateText(t.ProbabilityFileName);
     const bool whole = ReadGame(bytes, image);
-    TakeOver(t, image, path, host);
+    TakeOver(t, image, path, userFolder);
     if (!whole) ReportFault(t, EndOfFile, "Open Game");
     return whole;
 }
@@ -251,26 +252,26 @@ std::string GameTitle(const Table& t) {
 
 // --- the standing game ---
 
-bool OpenGameAtStart(Table& t, const std::string& given, const GameHost& host) {
-    const std::string standing = PathIn(host.UserPath, std::string(DefaultGameName));
+bool OpenGameAtStart(Table& t, const std::string& given, const std::string& userFolder) {
+    const std::string standing = PathIn(userFolder, std::string(DefaultGameName));
     const bool hasStanding = IsFile(standing);
     if (!given.empty()) {
         const std::string name = LowerCase(given);
         const bool isGame = name.size() > 4 && name.substr(name.size() - 4) == ".crp";
-        if (isGame && OpenGame(t, given, host)) return true;
+        if (isGame && OpenGame(t, given, userFolder)) return true;
         if (!isGame) {
             std::string text = "This is not recognized as a Tarnwick game filename.";
             if (hasStanding) text += "\nThe last default game file will be opened instead.";
             ShowNote(t, std::string(UnableToOpenGame), text);
         }
     }
-    return hasStanding && OpenGame(t, standing, host);
+    return hasStanding && OpenGame(t, standing, userFolder);
 }
 
-bool SaveGameAtExit(Table& t, const GameHost& host) {
+bool SaveGameAtExit(Table& t, const std::string& userFolder) {
     std::error_code error;  // the first end of all makes the folder; what can't be made is told by the save
-    if (!host.UserPath.empty()) std::filesystem::create_directories(host.UserPath, error);
-    return SaveGame(t, PathIn(host.UserPath, std::string(DefaultGameName)), host);
+    if (!userFolder.empty()) std::filesystem::create_directories(userFolder, error);
+    return SaveGame(t, PathIn(userFolder, std::string(DefaultGameName)), userFolder);
 }
 
 UnsavedGame AskAboutUnsavedGame(Table& t) {

@@ -4,8 +4,8 @@
 #include <cstdlib>
 #include <memory>
 
-#include "dice/probabilityfile.h"
 #include "files/atomicfile.h"
+#include "files/gamefile.h"
 #include "files/gameimage.h"
 #include "files/paths.h"
 #include "lab/json.h"
@@ -102,19 +102,14 @@ int ShowGame(const GameOptions& options) {
     return whole ? 0 : 1;
 }
 
-GameHost LabGameHost() {
-    GameHost host;
-    host.UserPath = UserFolder(Variable("TARNWICK_HOME"), Variable("XDG_DATA_HOME"), Variable("HOME"));
-    host.OpenProbabilities = OpenProbabilities;
-    host.OpenUnsavedMatrix = OpenUnsavedMatrix;
-    host.SaveUnsavedMatrix = SaveUnsavedMatrix;
-    return host;
+std::string LabUserFolder() {
+    return UserFolder(Variable("TARNWICK_HOME"), Variable("XDG_DATA_HOME"), Variable("HOME"));
 }
 
 std::string OpenGameFor(const std::string& command, Table& t, const std::string& path) {
     TellingScreen screen(command);
     t.Front = &screen;
-    const bool opened = OpenGame(t, path, LabGameHost());
+    const bool opened = OpenGame(t, path, LabUserFolder());
     t.Front = nullptr;
     return opened ? std::string() : path + " can't be used";
 }

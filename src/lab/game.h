@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "files/gamefile.h"
+#include "table/crapcnst.h"
 
 namespace tarnwick::lab {
 
@@ -17,8 +17,8 @@ struct GameOptions {
 /// when the file can't be read or is no game; a file cut short is printed as far as it goes, with status 1.
 int ShowGame(const GameOptions& options);
 
-/// What games are opened and saved with here: the user's folder by the environment.
-GameHost LabGameHost();
+/// The user's folder by the environment.
+std::string LabUserFolder();
 
 /// Makes the game of `path` the table's for subcommand `command`. What opening has to say goes to standard error; every
 /// question is declined. Returns what is wrong, or nothing; `t` is left without a front end.

@@ -63,7 +63,7 @@ class GameFileTest : public testing::Test {
     std::string Path(const std::string& name) const { return Folder.Path(name); }
 
     TemporaryFolder Folder;
-    GameHost Host{Folder.Path(""), nullptr, nullptr, nullptr};
+    std::string UserPath = Folder.Path("");
     SilentScreen Front;
     std::unique_ptr<Table> First, Second;
     Table& A = Keep(First);
@@ -167,9 +167,9 @@ TEST_F(GameFileTest, ARoundTripIsTheIdentityAndPlayGoesOn) {
         SCOPED_TRACE(players);
         MakeFullTable(A, &Front, players);
         for (int p = 1; p <= players; ++p) Folder.Write(A.SessionsLogName[FullAt(p)], "");
-        ASSERT_TRUE(SaveGame(A, Path("game.crp"), Host)) << testing::PrintToString(Messages());
+        ASSERT_TRUE(SaveGame(A, Path("game.crp"), UserPath)) << testing::PrintToString(Messages());
         SubMain(B, &Front);
-        ASSERT_TRUE(OpenGame(B, Path("game.crp"), Host)) << testing::PrintToString(Messages());
+        ASSERT_TRUE(OpenGame(B, Path("game.crp"), UserPath)) << testing::PrintToString(Messages());
         EXPECT_EQ(B.GameFileName, Path("game.crp"));
         EXPECT_FALSE(B.GameChanged);
         ExpectSamePlay(A, B);
@@ -358,7 +358,7 @@ TEST_F(GameFileTest, AFileWithoutTheMarkHasTheDefaultsBeyondTheFormat) {
     SubMain(B, &Front);
     B.LastPoint = 5;
     B.EditorFontSize = 0;
-    ASSERT_TRUE(OpenGame(B, Path("old.crp"), Host)) << testing::PrintToString(Messages());
+    ASSERT_TRUE(OpenGame(B, Path("old.crp"), UserPath)) << testing::PrintToString(Messages());
     EXPECT_EQ(B.LastPoint, 0);
     EXPECT_EQ(B.EditorFontSize, FontSize::Normal);
     EXPECT_EQ(B.BetResultsScope, 2);

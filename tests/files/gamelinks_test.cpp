@@ -12,6 +12,7 @@
 
 #include "autobet/autobets.h"
 #include "dice/dicefile.h"
+#include "dice/probabilityfile.h"
 #include "files/gamefile.h"
 #include "files/paths.h"
 #include "support/fulltable.h"
@@ -37,12 +38,12 @@ class GameLinks : public testing::Test {
         return texts;
     }
     std::string Path(const std::string& name) const { return Folder.Path(name); }
-    bool Save() { return SaveGame(t, Path("game.crp"), Host); }
+    bool Save() { return SaveGame(t, Path("game.crp"), UserPath); }
     /// Opens into a program that has just started.
     bool Open(const std::string& name = "game.crp") {
         SubMain(t, &Front);
         t.Scripts = &Scripts;
-        return OpenGame(t, Path(name), Host);
+        return OpenGame(t, Path(name), UserPath);
     }
     void Age(const std::string& name) const {
         std::filesystem::last_write_time(Path(name),
@@ -51,7 +52,7 @@ class GameLinks : public testing::Test {
     static std::size_t At(int i) { return static_cast<std::size_t>(i); }
 
     TemporaryFolder Folder;
-    GameHost Host{Folder.Path(""), nullptr, nullptr, nullptr};
+    std::string UserPath = Folder.Path("");
     SilentScreen Front;
     AutoBets Scripts;
     std::unique_ptr<Table> Game = std::make_unique<Table>();
@@ -76,16 +77,16 @@ TEST_F(GameLinks, WhatIsNoGameIsRefusedAndTheGameStands) {
                  {"Tarnwick Sessions Log, Data Format 5.0" + std::string(300, ' '), version}};
     for (const auto& c : cases) {
         Folder.Write("x.crp", c.Bytes);
-        EXPECT_FALSE(OpenGame(t, Path("x.crp"), Host));
+        EXPECT_FALSE(OpenGame(t, Path("x.crp"), UserPath));
         EXPECT_THAT(Messages(), ElementsAre("[Unable to Open Tarnwick Game File] " + c.Text));
         EXPECT_EQ(t.PlayerName[4], "Ada");
         EXPECT_EQ(t.GameFileName, Path("game.crp"));
     }
-    EXPECT_FALSE(OpenGame(t, Path("missing.crp"), Host));
+    EXPECT_FALSE(OpenGame(t, Path("missing.crp"), UserPath));
     EXPECT_THAT(Messages(), ElementsAre("[Unable to Open Tarnwick Game File] " + Path("missing.crp") +
                                         "\ncan't be read: No such file or directory."));
     Folder.Write("x.crp", good.substr(0, 256 * 400));
-    EXPECT_FALSE(OpenGame(t, Path("x.crp"), Host));
+    EXPECT_FALSE(OpenGame(t, Path("x.crp"), UserPath));
     EXPECT_THAT(Messages(), ElementsAre("[Error] , Error #62\n occurred, at: Open Game"));
 }
 
@@ -146,7 +147,7 @@ TEST_F(GameLinks, RecordedRollsAreWrittenBeforeTheGameIs) {
     t.Die1 = t.Die2 = 6;
     ASSERT_TRUE(RecordRoll(t));
     Folder.Write("game.crp", Folder.Read("game.crp"));
-    EXPECT_TRUE(OpenGame(t, Path("game.crp"), Host));
+    EXPECT_TRUE(OpenGame(t, Path("game.crp"), UserPath));
     EXPECT_EQ(Folder.Read("new.rol"), "\x8c\x24\xd8");
 }
 
@@ -225,44 +226,30 @@ TEST_F(GameLinks, NamesThatTheFormatCannotHoldAreTold) {
                                         t.EventsLogFileName + "\n\n" + farAway));
 }
 
-// --- the matrix, by stand-ins for its files ---
-
-std::string LastMatrixFile;
-bool OpenMatrix(Table& t, const std::string& path) {
-    t.ProbabilityFileName = path;
-    t.ProbabilitiesChanged = false;
-    return std::filesystem::file_size(path) > 0;
-}
-bool OpenUnsaved(Table& t, const std::string& path) {
-    LastMatrixFile = path;
-    t.ProbabilitiesChanged = true;
-    return true;
-}
-std::string SaveUnsaved(const Table&, const std::string& path) {
-    std::ofstream(path) << "matrix";
-    return {};
-}
+// --- the matrix ---
 
 TEST_F(GameLinks, OnlyTheStandingGameKeepsAnUnsavedMatrix) {
-    Host.OpenProbabilities = OpenMatrix;
-    Host.OpenUnsavedMatrix = OpenUnsaved;
-    Host.SaveUnsavedMatrix = SaveUnsaved;
-    t.ProbabilityFileName = Folder.Write("dice.prb", "matrix");
+    const auto saved = t.ProbabilityMatrix;
+    ASSERT_EQ(SaveProbabilities(t, Path("dice.prb")), "");
+    ASSERT_TRUE(OpenProbabilities(t, Path("dice.prb")));
     ASSERT_TRUE(Save());
     ASSERT_TRUE(Open());
     EXPECT_EQ(t.ProbabilityFileName, Path("dice.prb"));
+    EXPECT_EQ(t.ProbabilityMatrix, saved);
 
+    std::swap(t.ProbabilityMatrix[1][2][1], t.ProbabilityMatrix[1][1][7]);
+    const auto changed = t.ProbabilityMatrix;
     t.ProbabilitiesChanged = true;
     ASSERT_TRUE(Save());
-    ASSERT_TRUE(SaveGameAtExit(t, Host));
-    EXPECT_EQ(Folder.Read("default.prb"), "matrix");
+    ASSERT_TRUE(SaveGameAtExit(t, UserPath));
     ASSERT_TRUE(Open());  // both fields are empty
     EXPECT_EQ(t.ProbabilityFileName, "");
     EXPECT_FALSE(t.ProbabilitiesChanged);
+    EXPECT_EQ(t.ProbabilityMatrix, saved) << "the true matrix";
     ASSERT_TRUE(Open("default.crp"));
-    EXPECT_EQ(LastMatrixFile, Path("default.prb"));
     EXPECT_TRUE(t.ProbabilitiesChanged);
     EXPECT_EQ(t.ProbabilityFileName, "");
+    EXPECT_EQ(t.ProbabilityMatrix, changed);
     EXPECT_THAT(Messages(), IsEmpty());
 
     std::filesystem::remove(Path("default.prb"));
@@ -276,7 +263,7 @@ TEST_F(GameLinks, AGameWithoutAMatrixHasTheTrueOne) {
     ASSERT_TRUE(Save());
     t.ProbabilityMatrix[1][2][1] = 77;
     t.ProbabilityFileName = "other.prb";
-    ASSERT_TRUE(OpenGame(t, Path("game.crp"), Host));
+    ASSERT_TRUE(OpenGame(t, Path("game.crp"), UserPath));
     const auto fresh = std::make_unique<Table>();
     SubMain(*fresh, nullptr);
     EXPECT_EQ(t.ProbabilityMatrix, fresh->ProbabilityMatrix);
@@ -286,7 +273,7 @@ TEST_F(GameLinks, AGameWithoutAMatrixHasTheTrueOne) {
 // --- the standing game ---
 
 TEST_F(GameLinks, TheStandingGameComesBackAtTheNextStart) {
-    EXPECT_FALSE(OpenGameAtStart(t, "", Host));  // the first start of all
+    EXPECT_FALSE(OpenGameAtStart(t, "", UserPath));  // the first start of all
     EXPECT_THAT(Messages(), IsEmpty());
     AddPlayer(t, 6, "Ada", Dollars(77));
     t.Placement(Form::main) = {false, 1, 2, 3, 4};
@@ -297,7 +284,7 @@ TEST_F(GameLinks, TheStandingGameComesBackAtTheNextStart) {
     ASSERT_TRUE(Save());
     EXPECT_EQ(AskAboutUnsavedGame(t), UnsavedGame::Unchanged);
     EXPECT_EQ(GameTitle(t), "Tarnwick (game.crp)");
-    ASSERT_TRUE(SaveGameAtExit(t, Host));
+    ASSERT_TRUE(SaveGameAtExit(t, UserPath));
     EXPECT_EQ(GameTitle(t), "Tarnwick");
 
     const struct {
@@ -313,7 +300,7 @@ TEST_F(GameLinks, TheStandingGameComesBackAtTheNextStart) {
                     "default game file will be opened instead."}}};
     for (const auto& start : starts) {
         SubMain(t, &Front);
-        EXPECT_TRUE(OpenGameAtStart(t, start.Given, Host)) << start.Given;
+        EXPECT_TRUE(OpenGameAtStart(t, start.Given, UserPath)) << start.Given;
         EXPECT_EQ(t.PlayerName[6], "Ada");
         EXPECT_EQ(GameTitle(t), start.Title);
         EXPECT_EQ(t.Placement(Form::main).Left, start.MainLeft);
@@ -322,7 +309,7 @@ TEST_F(GameLinks, TheStandingGameComesBackAtTheNextStart) {
     }
     std::filesystem::remove(Path("default.crp"));
     SubMain(t, &Front);
-    EXPECT_FALSE(OpenGameAtStart(t, "game.txt", Host));
+    EXPECT_FALSE(OpenGameAtStart(t, "game.txt", UserPath));
     EXPECT_THAT(Messages(), ElementsAre("[Unable to Open Tarnwick Game File] This is not recognized as a Tarnwick game "
                                         "filename."));
     EXPECT_EQ(t.PlayerCount, 0);
@@ -331,7 +318,7 @@ TEST_F(GameLinks, TheStandingGameComesBackAtTheNextStart) {
 // --- saves that are cut off ---
 
 /// Saves in a process of its own that may write `bytes` to a file; more kills it, or fails when `fails`.
-void SaveWithin(Table& t, const std::string& path, const GameHost& host, std::size_t bytes, bool fails) {
+void SaveWithin(Table& t, const std::string& path, const std::string& userFolder, std::size_t bytes, bool fails) {
     const pid_t child = fork();
     ASSERT_GE(child, 0);
     if (child == 0) {
@@ -340,7 +327,7 @@ void SaveWithin(Table& t, const std::string& path, const GameHost& host, std::si
         const rlimit noCore{0, 0};
         setrlimit(RLIMIT_CORE, &noCore);
         std::signal(SIGXFSZ, fails ? SIG_IGN : SIG_DFL);
-        _exit(SaveGame(t, path, host) ? 0 : 1);
+        _exit(SaveGame(t, path, userFolder) ? 0 : 1);
     }
     int status = 0;
     ASSERT_EQ(waitpid(child, &status, 0), child);
@@ -351,13 +338,13 @@ TEST_F(GameLinks, ASaveThatIsCutLeavesTheOldFileOrTheNewOne) {
     ASSERT_TRUE(Save());
     const std::string before = Folder.Read("game.crp");
     AddPlayer(t, 2, "Eve", Dollars(200));
-    ASSERT_TRUE(SaveGame(t, Path("other.crp"), Host));
+    ASSERT_TRUE(SaveGame(t, Path("other.crp"), UserPath));
     const std::string after = Folder.Read("other.crp");
     int kept = 0, replaced = 0;
     for (std::size_t bytes = 0; bytes <= after.size() + 32'768; bytes += 32'768) {
         for (const bool fails : {false, true}) {
             Folder.Write("game.crp", before);
-            SaveWithin(t, Path("game.crp"), Host, bytes, fails);
+            SaveWithin(t, Path("game.crp"), UserPath, bytes, fails);
             const std::string now = Folder.Read("game.crp");
             ASSERT_TRUE(now == before || now == after) << bytes;
             ++(now == before ? kept : replaced);
@@ -369,7 +356,7 @@ TEST_F(GameLinks, ASaveThatIsCutLeavesTheOldFileOrTheNewOne) {
     EXPECT_GT(kept, 20);
     EXPECT_GT(replaced, 0);
     t.GameChanged = true;
-    EXPECT_FALSE(SaveGame(t, Path("no/such/folder.crp"), Host));
+    EXPECT_FALSE(SaveGame(t, Path("no/such/folder.crp"), UserPath));
     EXPECT_TRUE(t.GameChanged);
     EXPECT_THAT(Messages(), ElementsAre("[Unable to Save Tarnwick Game File] " + Path("no/such/folder.crp") +
                                         "\ncan't be written: No such file or directory."));

@@ -14,6 +14,7 @@
 #include "display/mainwindow.h"
 #include "display/rollpad.h"
 #include "stats/accumulators.h"
+#include "support/temporaryfolder.h"
 #include "table/placement.h"
 #include "table/players.h"
 #include "table/rolldice.h"
@@ -23,7 +24,8 @@ namespace tarnwick {
 namespace {
 
 struct EveningTest : testing::Test {
-    MainWindow Window;
+    testsupport::TemporaryFolder Folder;
+    MainWindow Window{Folder.Path("")};
     Table& T = Window.CurrentGame().T();
 
     void SetUp() override {
@@ -179,6 +181,33 @@ TEST_F(EveningTest, ThePadRollsWhatIsPicked) {
     EXPECT_EQ(T.Die1, 6);
     EXPECT_EQ(T.Die2, 2);
     EXPECT_EQ(T.Point, 8);
+}
+
+TEST_F(EveningTest, TheGameIsThereTheNextEvening) {
+    Seat(7, "Ann");
+    T.SelectedCheck = 5;
+    ClickBet(Row::PassLine);
+    PadRoll(T, 3, 1);
+    MenuEntry("Turn c&lockwise")->trigger();
+    const std::int32_t angle = T.TableAngle;
+    {
+        DialogDriver staying({[](QDialog& d) {
+            EXPECT_EQ(d.windowTitle(), "Save Session");
+            QTest::keyClick(d.windowHandle(), Qt::Key_Escape);
+        }});
+        EXPECT_FALSE(Window.close());
+    }
+    DialogDriver leaving({[](QDialog& d) { QTest::keyClick(d.windowHandle(), Qt::Key_N, Qt::AltModifier); }});
+    EXPECT_TRUE(Window.close());
+    EXPECT_EQ(leaving.Left(), 0u);
+
+    MainWindow next(Folder.Path(""));
+    const Table& t = next.CurrentGame().T();
+    EXPECT_EQ(t.PlayerName[7], "Ann");
+    EXPECT_EQ(t.BetAmount(7, Row::PassLine), Dollars(500));
+    EXPECT_EQ(t.Point, 4);
+    EXPECT_EQ(t.TableAngle, angle);
+    EXPECT_EQ(t.SelectedCheck, 5);
 }
 
 TEST_F(EveningTest, ARunGoesOnUntilItIsStopped) {

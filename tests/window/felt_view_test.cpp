@@ -31,7 +31,7 @@ class FeltViewTest : public testing::Test {
         T.TableOffsetX = x;
         T.TableOffsetY = y;
         T.AutoSizeTable = false;
-        T.TableIsPlaced = true;
+        T.CentreTable = false;
     }
     void Seat(int p, const char* name) { ASSERT_EQ(AddPlayer(T, p, name, Dollars(1000)), ""); }
 

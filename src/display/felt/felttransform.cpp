@@ -30,7 +30,7 @@ void PlaceCentre(TableView& view, QPointF centre) {
     const QPointF bare = BareCentre(view);
     view.TableOffsetX = Rounded(centre.x() - bare.x());
     view.TableOffsetY = Rounded(centre.y() - bare.y());
-    view.TableIsPlaced = true;
+    view.CentreTable = false;
 }
 
 void Zoom(Table& t, HeldCentre& held, int modifier, bool in) {
@@ -130,7 +130,7 @@ void CenterTable(Table& t, HeldCentre& held, QSize window) {
     t.TableOffsetY = Rounded(t.TableOffsetY + FeltSpace::CentreY * s - bare.y());
     t.TableOffsetY = Rounded(t.TableOffsetY - FeltSpace::Top * s);
     if (t.StatusAlign == 2) t.TableOffsetX += SideRoom;
-    t.TableIsPlaced = true;
+    t.CentreTable = false;
     t.GameChanged = true;
     held.IsHeld = false;
     CentreOf(t, held);
@@ -155,7 +155,7 @@ bool RestoreView(Table& t, int view) {
     SetTableAngle(t, angle);
     t.TableOffsetX = x;
     t.TableOffsetY = y;
-    t.TableIsPlaced = true;
+    t.CentreTable = false;
     t.AutoSizeTable = false;
     t.GameChanged = true;
     return true;

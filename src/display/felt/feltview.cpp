@@ -71,7 +71,7 @@ void FeltView::PlaceTable() {
     const bool changed = T.GameChanged;  // fitting itself is nothing worth saving
     if (T.AutoSizeTable) {
         AutoSize(T, Held, size());
-    } else if (!T.TableIsPlaced) {
+    } else if (T.CentreTable) {
         CenterTable(T, Held, size());
     }
     T.GameChanged = changed;
