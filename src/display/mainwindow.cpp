@@ -22,6 +22,7 @@
 #include "display/movewindow.h"
 #include "display/newsessiondialog.h"
 #include "display/rollpad.h"
+#include "display/windowplaces.h"
 #include "display/words.h"
 #include "files/gamefile.h"
 #include "table/bankroll.h"
@@ -63,6 +64,7 @@ MainWindow::MainWindow(const std::string& userFolder, const std::string& given)
     MakeHelpMenu();
     ConnectScreen();
     ConnectTable();
+    TakePlaces();
     Refresh();
 }
 
@@ -175,14 +177,7 @@ void MainWindow::MakeActionMenu() {
 void MainWindow::MakeViewMenu() {
     QMenu* menu = menuBar()->addMenu(tr("&View"));
     AddSwitch(*menu, QStringLiteral("&Auto-size/center"), Qt::Key_F11, &Table::AutoSizeTable);
-    Add(*menu, QStringLiteral("&Zoom/rotate/move table"), Qt::Key_Z, [this] {
-        if (Mover == nullptr) {
-            Mover = new MoveWindow(this);
-            connect(Mover, &MoveWindow::stepWanted, this, &MainWindow::StepView);
-        }
-        Mover->show();
-        Mover->raise();
-    });
+    Add(*menu, QStringLiteral("&Zoom/rotate/move table"), Qt::Key_Z, [this] { ShowMover(); });
     const std::pair<QString, std::pair<QKeySequence, ViewStep>> steps[] = {
         {tr("Zoom &in"), {QKeySequence::ZoomIn, ViewStep::ZoomIn}},
         {tr("Zoom &out"), {QKeySequence::ZoomOut, ViewStep::ZoomOut}},
@@ -399,7 +394,41 @@ void MainWindow::StartNewSession() {
     PlayComeOutCall(t);
 }
 
+// --- games and the places of windows ---
+
+void MainWindow::KeepPlaces() {
+    Table& t = Played->T();
+    KeepPlace(*this, t.Placement(Form::main), true);
+    t.MainWindowState = isMaximized() ? 2 : 0;
+    if (Pad != nullptr) KeepPlace(*Pad, t.Placement(Form::frmRYON), false);
+    if (Mover != nullptr) KeepPlace(*Mover, t.Placement(Form::frmMove), false);
+}
+
+/// The standing game leaves the main window where it is; a game of another name brings its place.
+void MainWindow::TakePlaces() {
+    const Table& t = Played->T();
+    TakePlace(*this, t.Placement(Form::main), true);
+    if (t.Placement(Form::frmRYON).Shown) ShowPad();
+    if (t.Placement(Form::frmMove).Shown) ShowMover();
+}
+
+void MainWindow::ShowMover() {
+    if (Mover == nullptr) {
+        Mover = new MoveWindow(this);
+        connect(Mover, &MoveWindow::stepWanted, this, &MainWindow::StepView);
+        TakePlace(*Mover, Played->T().Placement(Form::frmMove), false);
+    }
+    Mover->show();
+    Mover->raise();
+}
+
+bool MainWindow::SaveTo(const std::string& path) {
+    KeepPlaces();
+    return Played->Save(path);
+}
+
 void MainWindow::TakeGame() {
+    TakePlaces();
     View->RefreshTable();
     PlaceStatusStrip();
     Refresh();
@@ -415,12 +444,12 @@ void MainWindow::OpenAnotherGame() {
 
 bool MainWindow::SaveThisGame() {
     const std::string path = Played->T().GameFileName;
-    return path.empty() ? SaveGameUnderName() : Played->Save(path);
+    return path.empty() ? SaveGameUnderName() : SaveTo(path);
 }
 
 bool MainWindow::SaveGameUnderName() {
     const std::string path = ChooseFile(*this, Played->T(), FilePurpose::SaveSessionAs);
-    return !path.empty() && Played->Save(path);
+    return !path.empty() && SaveTo(path);
 }
 
 bool MainWindow::MayLeaveGame() {
@@ -470,6 +499,7 @@ void MainWindow::ShowPad() {
             Refresh();
         });
         connect(Pad, &RollPad::runWanted, this, &MainWindow::ToggleRun);
+        TakePlace(*Pad, Played->T().Placement(Form::frmRYON), false);
     }
     Pad->show();
     Pad->raise();
@@ -509,6 +539,7 @@ void MainWindow::keyPressEvent(QKeyEvent* event) {
 
 void MainWindow::closeEvent(QCloseEvent* event) {
     if (GuardCommand(Played->T()) || !MayLeaveGame()) return event->ignore();
+    KeepPlaces();
     Played->SaveAtExit();
     event->accept();
 }

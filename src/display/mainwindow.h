@@ -77,6 +77,10 @@ class MainWindow : public QMainWindow {
     /// False when the user wants to stay with the game as it is.
     bool MayLeaveGame();
     void TakeGame();
+    void KeepPlaces();
+    void TakePlaces();
+    bool SaveTo(const std::string& path);
+    void ShowMover();
     void AskAtm(bool withdrawal);
     /// The bettor, or 0 with the words that ask for one.
     int Bettor();

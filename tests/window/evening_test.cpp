@@ -13,6 +13,7 @@
 #include "display/game.h"
 #include "display/mainwindow.h"
 #include "display/rollpad.h"
+#include "display/windowplaces.h"
 #include "stats/accumulators.h"
 #include "support/temporaryfolder.h"
 #include "table/placement.h"
@@ -189,6 +190,8 @@ TEST_F(EveningTest, TheGameIsThereTheNextEvening) {
     ClickBet(Row::PassLine);
     PadRoll(T, 3, 1);
     MenuEntry("Turn c&lockwise")->trigger();
+    MenuEntry("Roll &your own numbers")->trigger();
+    Window.findChild<RollPad*>()->move(120, 90);
     const std::int32_t angle = T.TableAngle;
     {
         DialogDriver staying({[](QDialog& d) {
@@ -208,6 +211,18 @@ TEST_F(EveningTest, TheGameIsThereTheNextEvening) {
     EXPECT_EQ(t.Point, 4);
     EXPECT_EQ(t.TableAngle, angle);
     EXPECT_EQ(t.SelectedCheck, 5);
+    ASSERT_NE(next.findChild<RollPad*>(), nullptr) << "a window that was open opens again";
+    EXPECT_EQ(next.findChild<RollPad*>()->pos(), QPoint(120, 90));
+}
+
+TEST(WindowPlacesTest, EveryWindowComesOntoTheScreen) {
+    const QRect screen(0, 0, 800, 600);
+    const std::pair<QRect, QRect> cases[] = {
+        {{10, 20, 300, 200}, {10, 20, 300, 200}},         {{-5000, 20, 300, 200}, {0, 20, 300, 200}},
+        {{700, 590, 300, 200}, {500, 400, 300, 200}},     {{100, 100, 2000, 1000}, {0, 0, 800, 600}},
+        {{90000, 90000, 300, 200}, {500, 400, 300, 200}},
+    };
+    for (const auto& [place, expected] : cases) EXPECT_EQ(WithinScreen(place, screen), expected);
 }
 
 TEST_F(EveningTest, ARunGoesOnUntilItIsStopped) {
