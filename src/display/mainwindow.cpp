@@ -12,7 +12,9 @@
 #include <QStatusBar>
 #include <QThread>
 
+#include "config/advantage.h"
 #include "display/amountbox.h"
+#include "display/bettext.h"
 #include "display/desktopscreen.h"
 #include "display/felt/dicepainter.h"
 #include "display/felt/feltview.h"
@@ -46,7 +48,7 @@ std::size_t At(int i) { return static_cast<std::size_t>(i); }
 }  // namespace
 
 MainWindow::MainWindow(const std::string& userFolder, const std::string& given)
-    : Played(std::make_unique<Game>(userFolder)) {
+    : Played(std::make_unique<Game>(userFolder)), Advantages(std::make_unique<AdvantageCache>()) {
     setObjectName(QStringLiteral("main"));
     setWindowTitle(QStringLiteral("Tarnwick"));
     resize(1280, 720);
@@ -366,20 +368,6 @@ void MainWindow::ShowThrow() {
     View->ShowThrow(1);
 }
 
-QString MainWindow::BetText(int row) {
-    const Table& t = Played->T();
-    const int p = t.ActivePlayer;
-    QString text = Words(BetName(row));
-    if (IsSeated(t, p) && !IsZero(t.BetAmount(p, row)))
-        text += QStringLiteral(":  ") + QStringLiteral("$") + Words(FormatCommas(t.BetAmount(p, row)));
-    if (row > Row::LastBet) return text;
-    const PayoffEntry& pays = t.Payoff[At(row)];
-    const currency wins = IsZero(pays.ToForm) ? pays.Pays + pays.For : pays.Pays;
-    return text +
-           tr("   pays %1 %2 %3")
-               .arg(Words(PlainAmount(wins)), IsZero(pays.ToForm) ? tr("for") : tr("to"), Words(PlainAmount(pays.For)));
-}
-
 void MainWindow::ToggleRun() {
     ToggleAutoRoll(Played->T());
     Refresh();
@@ -519,7 +507,7 @@ void MainWindow::Refresh() {
     }
     const int row = RowOfHotSpot(t, MouseOver);
     const QString pending = QString::fromLatin1(Hand->PendingText());
-    StatusText->setText(!pending.isEmpty() || row == 0 ? pending : BetText(row));
+    StatusText->setText(!pending.isEmpty() || row == 0 ? pending : BetText(t, row, *Advantages));
     Strip->Refresh();
     View->RefreshTable();
     if (Pad != nullptr) {

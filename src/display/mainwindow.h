@@ -16,6 +16,7 @@ class QMenu;
 
 namespace tarnwick {
 
+class AdvantageCache;
 class AmountBox;
 class DesktopScreen;
 class FeltView;
@@ -67,8 +68,6 @@ class MainWindow : public QMainWindow {
     void MoveOver(int value);
     void StepView(ViewStep step, int modifier);
     void ShowThrow();
-    /// What the status line says of the bettor's bet on `row`.
-    QString BetText(int row);
 
     void StartNewSession();
     void OpenAnotherGame();
@@ -90,6 +89,7 @@ class MainWindow : public QMainWindow {
 
     std::unique_ptr<Game> Played;
     std::unique_ptr<TableActions> Hand;
+    std::unique_ptr<AdvantageCache> Advantages;
     DesktopScreen* Front = nullptr;
     FeltView* View = nullptr;
     StatusStrip* Strip = nullptr;

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include "config/advantage.h"
+#include "display/bettext.h"
 #include "table/placement.h"
 #include "table/players.h"
 #include "table/rolldice.h"
@@ -138,6 +140,28 @@ TEST_F(TableActionsTest, SlotsStandForTheCheckStacksShownThere) {
     Hand.PressLeft(102);
     EXPECT_EQ(Bet(140), Dollars(1));
     EXPECT_TRUE(IsZero(T.BetsOnTable[1])) << "a CheckStack is a number, not money";
+}
+
+TEST_F(TableActionsTest, TheStatusLineTellsWhatABetIsWorth) {
+    SeatTwo();
+    AdvantageCache advantages;
+    T.NotifyBits = 0;
+    PlaceBet(T, 1, Row::PassLine, Dollars(10));
+    PadRoll(T, 2, 2);
+    PlaceBet(T, 1, Row::PassLineOdds, Dollars(20));
+    PlaceBet(T, 1, Row::Buy4 + 5, Dollars(40));
+    SetStack(T, 1, 101, Dollars(-3));
+    T.CheckStackName[1][1] = "lost";
+    const std::pair<int, const char*> cases[] = {
+        {Row::PassLine, "Pass Line:  Flat $10, Odds $20     pays 1 to 1,  house advantage 1.41%"},
+        {Row::PassLineOdds, "Pass Line Odds:  Flat $10, Odds $20     pays 2 to 1,  house advantage 0.00%"},
+        {Row::Buy4 + 5, "Buy 10:  $40, vig $2     pays 2 to 1,  house advantage 4.76%"},
+        {Row::Come4, "Come 4     pays 1 to 1,  house advantage 33.33%"},
+        {Row::DontCome4, "Don't Come 4     pays 1 to 1,  player's advantage 33.33%"},
+        {Row::Field, "Field     house advantage 5.56%"},
+        {101, "CheckStack #1 (lost):  -$3"},
+    };
+    for (const auto& [row, text] : cases) EXPECT_EQ(BetText(T, row, advantages), text);
 }
 
 TEST_F(TableActionsTest, ARunIsGuarded) {
