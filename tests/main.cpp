@@ -1,5 +1,5 @@
 // Runs the tests the same way whoever starts them, from whatever folder: they stand at the root of the sources (golden
-// files, examples), and $TARNWICK_HOME is an empty folder of their own, far from the user's games.
+// files, examples), and $TARNWICK_HOME and $TMPDIR are an empty folder of their own, far from the user's games.
 
 #include <gmock/gmock.h>
 
@@ -21,6 +21,7 @@ int main(int argc, char** argv) {
         return 1;
     }
     setenv("TARNWICK_HOME", home.c_str(), 1);
+    setenv("TMPDIR", home.c_str(), 1);  // what tests leave behind goes with it
     setenv("TARNWICK_LAB", BINARY_FOLDER "/bin/tarnwick-lab", 0);
     setenv("LC_ALL", "C.UTF-8", 1);
 
