@@ -31,7 +31,10 @@ std::string FullText(const std::string& path) {
     return "The Events Log is full: " + path + "\nIt can't be longer than 2,147,483,647 bytes.";
 }
 
-bool IsRollLine(std::string_view line) { return Trim(line).substr(0, 4) == "Roll"; }
+bool IsRollLine(std::string_view line) {
+    const std::size_t first = line.find_first_not_of(' ');
+    return first != std::string_view::npos && line[first] == 'R' && line.substr(first, 4) == "Roll";
+}
 
 }  // namespace
 
