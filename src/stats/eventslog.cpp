@@ -260,9 +260,11 @@ void LogChangesSinceRoll(Table& t) {
 
 void LogRoll(Table& t, std::string_view source) {
     if (!t.EventsLogOn || !t.RecordRolls) return;
+    const int total = t.Die1 + t.Die2;
     TextLine line;
-    line << " Roll #" << std::int64_t{SessionRolls(t) + 1} << ":  " << std::int64_t{t.Die1 + t.Die2} << " ("
-         << Digit(t.Die1) << "." << Digit(t.Die2) << ")" << source;
+    line << " Roll #" << std::int64_t{SessionRolls(t) + 1} << ":  ";
+    if (total >= 10) line << '1';
+    line << Digit(total % 10) << " (" << Digit(t.Die1) << "." << Digit(t.Die2) << ")" << source;
     LogEvent(t, line.Text());
 }
 

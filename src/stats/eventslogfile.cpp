@@ -96,6 +96,18 @@ void EventsLogWriter::DropPending() {
     Starts.clear();
 }
 
+std::int32_t EventsLogWriter::LastPending(bool (*fits)(std::string_view line)) const {
+    std::size_t end = PendingEnd;
+    for (std::size_t n = Starts.size(); n > 0; --n) {
+        const auto start = static_cast<std::size_t>(Starts[n - 1]);
+        if (fits(std::string_view(Pending.data() + start, end - start - LineEnd.size()))) {
+            return static_cast<std::int32_t>(n);
+        }
+        end = start;
+    }
+    return 0;
+}
+
 std::string EventsLogWriter::Open(const EventsLogPaths& paths) {
     if (Log.IsOpen() && paths == Paths && Log.IsStillThere() && Reference.IsStillThere()) return {};
     std::string fault = Close();

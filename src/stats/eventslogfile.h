@@ -28,6 +28,8 @@ class EventsLogWriter {
     bool HasPending() const { return !Starts.empty(); }
     std::size_t PendingBytes() const { return PendingEnd; }
     void DropPending();
+    /// The last pending line that `fits`, counted from 1; 0 when there is none.
+    std::int32_t LastPending(bool (*fits)(std::string_view line)) const;
 
     struct Written {
         std::string Fault;           ///< a clause, or nothing; the lines are lost and the log is as it was

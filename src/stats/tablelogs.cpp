@@ -62,17 +62,15 @@ std::string TableLogs::SessionsLog(const Table& t, int p) const {
 void TableLogs::LogLine(Table& t, std::string_view line) {
     if (!t.EventsLogOn) return;  // turned off by a fault a moment ago
     Writer.Collect(line);
-    ++Collected;
-    if (t.KeepLatestRollOnTop && IsRollLine(line)) RollLine = Collected;
     if (!t.AutoRollActive || Writer.PendingBytes() >= LongestWait) Flush(t);
 }
 
 void TableLogs::Flush(Table& t) {
     if (!Writer.HasPending()) return;
     const EventsLogPaths paths = EventsLog(t);
+    const std::int32_t rollLine = t.KeepLatestRollOnTop ? Writer.LastPending(IsRollLine) : 0;
     const EventsLogWriter::Written written = Writer.Write(paths, t.AutoRollActive);
-    if (RollLine > 0 && written.FirstLine > 0) t.EventsLogTopLine = written.FirstLine + RollLine - 1;
-    RollLine = Collected = 0;
+    if (rollLine > 0 && written.FirstLine > 0) t.EventsLogTopLine = written.FirstLine + rollLine - 1;
     if (!written.Fault.empty()) {
         StopLogging(t, "The Events Log can't be written.\n" + written.Fault);
     } else if (written.Full) {
@@ -91,7 +89,6 @@ bool TableLogs::EventsLogExists(const Table& t) { return Writer.HasPending() || 
 
 void TableLogs::ClearEventsLog(Table& t) {
     Writer.DropPending();
-    RollLine = Collected = 0;
     std::string fault = Writer.Close();
     if (const std::string left = DeleteEventsLog(EventsLog(t)); fault.empty()) fault = left;
     if (!fault.empty()) Tell(t, "Events Log", "The Events Log can't be cleared.\n" + fault);
