@@ -32,12 +32,12 @@ class BenchFolder {
 
 enum Kind { Off, RollsOnly, Everything };
 
-/// One Pass Line player in Hyper-Drive.
+/// Pass Line players in Hyper-Drive.
 void LoggedSession(benchmark::State& state) {
     const auto kind = static_cast<Kind>(state.range(0));
     const BenchFolder folder;
     TableLogs logs(folder.Path);
-    const TablePtr start = OnePassLine();
+    const TablePtr start = FlatPassLines(static_cast<int>(state.range(1)));
     start->T.RunUntilRoll = LoggedRolls;
     const auto table = std::make_unique<Table>();
     for (auto _ : state) {
@@ -59,7 +59,10 @@ void LoggedSession(benchmark::State& state) {
     state.SetItemsProcessed(state.iterations() * LoggedRolls);
 }
 /// 0 off, 1 the rolls alone, 2 all kinds of event.
-BENCHMARK(LoggedSession)->Arg(Off)->Arg(RollsOnly)->Arg(Everything)->ArgName("log")->Unit(benchmark::kMillisecond);
+BENCHMARK(LoggedSession)
+    ->ArgsProduct({{Off, RollsOnly, Everything}, {1, 8}})
+    ->ArgNames({"log", "players"})
+    ->Unit(benchmark::kMillisecond);
 
 void OneLineOutsideARun(benchmark::State& state) {
     const BenchFolder folder;

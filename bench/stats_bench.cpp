@@ -31,7 +31,7 @@ std::vector<Dice> MakeDice(std::size_t count) {
 std::unique_ptr<Table> MakeTable(int players) {
     auto t = std::make_unique<Table>();
     for (int p = 1; p <= players; ++p) {
-        t->PlayerName[static_cast<std::size_t>(p)] = "P";
+        t->PlayerName[static_cast<std::size_t>(p)].assign(1, 'P');
         SetBeginningBankroll(*t, p, Dollars(1000));
     }
     t->Shooter = t->HandShooter = 1;

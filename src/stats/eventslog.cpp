@@ -2,15 +2,17 @@
 
 #include <algorithm>
 #include <bit>
-#include <charconv>
 
 #include "stats/accumulators.h"
 #include "table/format.h"
 #include "table/placement.h"
 #include "table/players.h"
 #include "table/screen.h"
+#include "table/textline.h"
 
 namespace tarnwick {
+
+using std::string_view_literals::operator""sv;
 
 namespace {
 
@@ -22,55 +24,38 @@ constexpr std::string_view NewHandLine = "----New hand, come-out roll----------"
 
 std::size_t At(int p) { return static_cast<std::size_t>(p); }
 
-/// A line under construction. Lines are written once a roll and oftener, so a line of common length costs no memory.
-class Line {
-  public:
-    Line& operator<<(std::string_view text) {
-        if (More.empty() && Used + text.size() <= Short.size()) {
-            std::copy(text.begin(), text.end(), Short.begin() + static_cast<std::ptrdiff_t>(Used));
-            Used += text.size();
-            return *this;
-        }
-        if (More.empty()) More.assign(Short.data(), Used);
-        More += text;
-        return *this;
-    }
-    Line& operator<<(std::int64_t number) {
-        std::array<char, 24> digits{};
-        const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number);
-        return *this << std::string_view(digits.data(), static_cast<std::size_t>(end.ptr - digits.data()));
-    }
-    Line& operator<<(currency amount) {
-        *this << "$";
-        if (IsMultipleOf(amount, Dollars(1))) return *this << amount.TenThousandths / CurrencyScale;
-        return *this << PlainAmount(amount);
-    }
-    std::string_view Text() const {
-        return More.empty() ? std::string_view(Short.data(), Used) : std::string_view(More);
-    }
-
-  private:
-    std::array<char, 160> Short;
-    std::size_t Used = 0;
-    std::string More;
-};
+char Digit(int n) { return static_cast<char>('0' + n); }
 
 /// A detail line of player p, up to the blank behind the name.
-Line LineOf(const Table& t, int p) {
-    Line line;
+TextLine LineOf(const Table& t, int p) {
+    TextLine line;
     line << "      " << t.PlayerName[At(p)] << " ";
     return line;
 }
 
 /// A line of its own about player p: "    Ann".
-Line Narrated(const Table& t, int p) {
-    Line line;
+TextLine Narrated(const Table& t, int p) {
+    TextLine line;
     line << "    " << t.PlayerName[At(p)];
     return line;
 }
 
+/// Calls `each` with the numbers of the bits, from low to high, the lowest bit being `first`.
+template <class Each>
+void ForBits(std::uint64_t bits, int first, const Each& each) {
+    for (; bits != 0; bits &= bits - 1) each(first + std::countr_zero(bits));
+}
+
+/// Calls `each` with the positions 1..8 of the mask that are taken, from low to high.
+template <class Each>
+void ForSeats(const Table& t, unsigned seats, const Each& each) {
+    ForBits(seats & ~1u, 0, [&](int p) {
+        if (IsSeated(t, p)) each(p);
+    });
+}
+
 void LogComingOut(Table& t, std::string_view kind, const std::string& name) {
-    Line line;
+    TextLine line;
     line << "----" << kind << " shooter (" << name << ") coming out----------";
     LogEvent(t, line.Text());
 }
@@ -83,7 +68,7 @@ void OpenBlock(Table& t, std::string_view heading) {
 
 void LogScriptActivated(Table& t, int p) {
     const std::string& file = t.ScriptName[At(p)];
-    Line line = LineOf(t, p);
+    TextLine line = LineOf(t, p);
     if (file.empty()) {
         line << "activated untitled auto-bets";
     } else {
@@ -104,43 +89,20 @@ void LogScriptChanges(Table& t) {
     }
 }
 
-/// A line for each bankroll that differs from `before`, with the kind of rise and fall.
-void LogBankrollsSince(Table& t, const std::array<currency, Positions>& before, std::string_view rise,
+/// A line for each bankroll among `seats` that differs from `before`, with the kind of rise and fall.
+void LogBankrollsSince(Table& t, unsigned seats, const std::array<currency, Positions>& before, std::string_view rise,
                        std::string_view fall) {
     if (!t.RecordBankrollChanges) return;
-    for (int p = 1; p < Positions; ++p) {
+    ForSeats(t, seats, [&](int p) {
         const currency now = t.Bankroll[At(p)];
         const currency difference = now - before[At(p)];
-        if (IsZero(difference) || !IsSeated(t, p)) continue;
+        if (IsZero(difference)) return;
         const bool rose = difference > currency{};
-        Line line = LineOf(t, p);
+        TextLine line = LineOf(t, p);
         line << (rose ? "increased to " : "decreased to ") << now << " (" << Abs(difference) << " "
              << (rose ? rise : fall) << ")";
         LogUnderHeading(t, BankrollHeading, line.Text());
-    }
-}
-
-/// Rows of p whose amounts may differ from PrevBetAmount, or whose working state may have been called.
-RowMask RowsToCompare(const Table& t, int p) {
-    RowMask rows = t.RowsOf[At(p)];
-    for (std::size_t word = 0; word < rows.size(); ++word) rows[word] |= t.ChangedSinceRoll[At(p)][word];
-    if (!IsPointNumber(t.DiceTotal)) return rows;
-    const int index = PointIndex(t.DiceTotal);
-    for (const int row : {Row::Come + 0, Row::DontCome + 0, Row::Come4 + index, Row::DontCome4 + index}) {
-        rows[At(row >> 6)] |= std::uint64_t{1} << (row & 63);
-    }
-    return rows;
-}
-
-/// Calls `each` with the rows of `rows` within first..last, from low to high.
-template <class Each>
-void ForRows(const RowMask& rows, int first, int last, Each each) {
-    for (int word = first >> 6; word <= last >> 6; ++word) {
-        for (std::uint64_t bits = rows[At(word)]; bits != 0; bits &= bits - 1) {
-            const int row = 64 * word + std::countr_zero(bits);
-            if (first <= row && row <= last) each(row);
-        }
-    }
+    });
 }
 
 /// What the last roll moved from a box to number row 7..12 or 19..24; 0 for every other row.
@@ -150,6 +112,34 @@ currency MovedByLastRoll(const Table& t, int p, int row) {
     if (row == Row::Come4 + index) return t.PrevBetAmount(p, Row::Come);
     if (row == Row::DontCome4 + index) return t.PrevBetAmount(p, Row::DontCome);
     return {};
+}
+
+/// Positions that ForRowsToCompare has rows for.
+unsigned SeatsToCompare(const Table& t) {
+    unsigned seats = t.SeatsChangedSinceRoll;
+    const auto add = [&](int row) { seats |= t.SeatsOn[At(row)]; };
+    ForBits(t.RowsUp[0], 0, add);
+    ForBits(t.RowsUp[1], 64, add);
+    return seats;
+}
+
+/// Calls `each` with the rows of p within 1..91, from low to high, whose amounts may differ from what stood before, or
+/// whose working state may have been called.
+template <class Each>
+void ForRowsToCompare(const Table& t, int p, const Each& each) {
+    constexpr std::uint64_t below64 = ~std::uint64_t{1};  // there is no row 0
+    constexpr std::uint64_t from64 = (std::uint64_t{1} << (Row::LastBet + 1 - 64)) - 1;
+    static_assert(Row::Come < 64 && Row::DontCome < 64 && Row::Come10 < 64 && Row::DontCome10 < 64);
+    const RowMask& stand = t.RowsOf[At(p)];
+    const RowMask& touched = t.ChangedSinceRoll[At(p)];
+    std::uint64_t low = stand[0] | touched[0];
+    if (IsPointNumber(t.DiceTotal)) {
+        // A box that moved stood or was touched; then its number has another amount to be compared with.
+        const int index = PointIndex(t.DiceTotal);
+        low |= (low >> Row::Come & 1) << (Row::Come4 + index) | (low >> Row::DontCome & 1) << (Row::DontCome4 + index);
+    }
+    ForBits(low & below64, 0, each);
+    ForBits((stand[1] | touched[1]) & from64, 64, each);
 }
 
 /// What stood when the last roll began, as far as it stayed where it was. A box that moved is empty and its number,
@@ -168,10 +158,10 @@ bool ResolvedInLastRoll(const Table& t, int p, int row) {
 void LogAmountChange(Table& t, int p, int row, currency before) {
     const currency now = t.BetAmount(p, row);
     if (now == before) return;
+    if (IsZero(now) && ResolvedInLastRoll(t, p, row) && IsZero(MovedByLastRoll(t, p, row))) return;
     const std::string_view name = BetName(row);
-    Line line = LineOf(t, p);
+    TextLine line = LineOf(t, p);
     if (IsZero(now)) {
-        if (ResolvedInLastRoll(t, p, row) && IsZero(MovedByLastRoll(t, p, row))) return;
         line << "removed " << before << " bet on " << name;
     } else if (IsZero(before)) {
         line << "bet " << now << " on " << name;
@@ -181,47 +171,69 @@ void LogAmountChange(Table& t, int p, int row, currency before) {
     LogUnderHeading(t, BetsHeading, line.Text());
 }
 
+constexpr int CalledOn = 2, CalledOff = -1;
+bool IsCall(int state) { return state == CalledOn || state == CalledOff; }
+
 void LogWorkingChange(Table& t, int p, int row, bool stoodBefore) {
     if (IsZero(t.BetAmount(p, row))) return;
-    constexpr int on = 2, off = -1;
-    const auto called = [](int state) { return state == on || state == off; };
     const int now = BetWorking(t, p, row);
     // A call that was left behind by an earlier bet on the row is none of this one's.
     const int before = stoodBefore ? t.PrevBetWorking(p, row) : 1;
-    if (now == before || (!called(now) && !called(before))) return;
-    Line line = LineOf(t, p);
+    if (now == before || (!IsCall(now) && !IsCall(before))) return;
+    TextLine line = LineOf(t, p);
     line << "called "
-         << (now == on    ? "ON "
-             : now == off ? "OFF "
-                          : "")
-         << BetName(row) << " bet" << (called(now) ? "" : " working normally again");
+         << (now == CalledOn    ? "ON "sv
+             : now == CalledOff ? "OFF "sv
+                                : ""sv)
+         << BetName(row) << " bet" << (IsCall(now) ? ""sv : " working normally again"sv);
     LogUnderHeading(t, BetsHeading, line.Text());
+}
+
+/// Whether neither amount nor working state of a row can differ, which is so of nearly every bet before nearly every
+/// roll. Uncalled states follow the point and aren't told.
+bool StoodUntouched(const Table& t, int p, int row) {
+    const bool touched = (t.ChangedSinceRoll[At(p)][At(row >> 6)] >> (row & 63) & 1) != 0;
+    if (touched || IsCall(t.WorkingCells(p, row)) || IsCall(t.PrevBetWorking(p, row))) return false;
+    if (!IsPointNumber(t.DiceTotal)) return true;
+    const int index = PointIndex(t.DiceTotal);
+    return row != Row::Come && row != Row::DontCome && row != Row::Come4 + index && row != Row::DontCome4 + index;
 }
 
 void LogBetChanges(Table& t) {
     if (!t.RecordBetChanges) return;
-    for (int p = 1; p < Positions; ++p) {
-        if (!IsSeated(t, p)) continue;
-        ForRows(RowsToCompare(t, p), 1, Row::LastBet, [&](int row) {
+    ForSeats(t, SeatsToCompare(t), [&](int p) {
+        ForRowsToCompare(t, p, [&](int row) {
+            if (StoodUntouched(t, p, row)) return;
             const currency before = AmountBeforeChanges(t, p, row);
             LogAmountChange(t, p, row, before);
             LogWorkingChange(t, p, row, !IsZero(before));
         });
-    }
+    });
+}
+
+/// Calls `each` with the CheckStacks of p, 100..199, that were touched since the last roll, from low to high.
+template <class Each>
+void ForStacksTouched(const Table& t, int p, const Each& each) {
+    static_assert(Row::FirstStack >= 64 && Row::LastStack < 256);
+    constexpr std::uint64_t from100 = ~std::uint64_t{0} << (Row::FirstStack - 64);
+    constexpr std::uint64_t to199 = (std::uint64_t{1} << (Row::LastStack + 1 - 192)) - 1;
+    const RowMask& touched = t.ChangedSinceRoll[At(p)];
+    ForBits(touched[1] & from100, 64, each);
+    ForBits(touched[2], 128, each);
+    ForBits(touched[3] & to199, 192, each);
 }
 
 void LogStackChanges(Table& t) {
     if (!t.RecordCheckStackChanges) return;
-    for (int p = 1; p < Positions; ++p) {
-        if (!IsSeated(t, p)) continue;
-        ForRows(t.ChangedSinceRoll[At(p)], Row::FirstStack, Row::LastStack, [&](int row) {
+    ForSeats(t, t.SeatsChangedSinceRoll, [&](int p) {
+        ForStacksTouched(t, p, [&](int row) {
             const currency now = t.BetAmount(p, row), before = t.PrevBetAmount(p, row);
             if (now == before) return;
-            Line line = LineOf(t, p);
+            TextLine line = LineOf(t, p);
             line << (now > before ? "increased " : "decreased ") << BetTitle(row) << " to " << now;
             LogUnderHeading(t, StacksHeading, line.Text());
         });
-    }
+    });
 }
 
 }  // namespace
@@ -241,21 +253,23 @@ void LogChangesSinceRoll(Table& t) {
     if (!t.EventsLogOn) return;
     BeginLogBlock(t);
     LogScriptChanges(t);
-    LogBankrollsSince(t, t.PrevBankroll, "ATM withdrawal", "ATM deposit");
+    LogBankrollsSince(t, t.SeatsChangedSinceEnd, t.PrevBankroll, "ATM withdrawal", "ATM deposit");
     LogBetChanges(t);
     LogStackChanges(t);
 }
 
 void LogRoll(Table& t, std::string_view source) {
     if (!t.EventsLogOn || !t.RecordRolls) return;
-    Line line;
-    line << " Roll #" << std::int64_t{SessionRolls(t) + 1} << ":  " << std::int64_t{t.Die1 + t.Die2} << " ("
-         << std::int64_t{t.Die1} << "." << std::int64_t{t.Die2} << ")" << source;
+    const int total = t.Die1 + t.Die2;
+    TextLine line;
+    line << " Roll #" << std::int64_t{SessionRolls(t) + 1} << ":  ";
+    if (total >= 10) line << '1';
+    line << Digit(total % 10) << " (" << Digit(t.Die1) << "." << Digit(t.Die2) << ")" << source;
     LogEvent(t, line.Text());
 }
 
 void LogDecision(Table& t, std::string_view decision) {
-    if (t.EventsLogOn && t.RecordPassesMisses) LogEvent(t, (Line() << "    " << decision).Text());
+    if (t.EventsLogOn && t.RecordPassesMisses) LogEvent(t, (TextLine() << "    " << decision).Text());
 }
 
 void LogBetResult(Table& t, int p, int row, currency net) {
@@ -263,7 +277,7 @@ void LogBetResult(Table& t, int p, int row, currency net) {
     OpenBlock(t, !t.RecordBetsLost ? "    Wins:" : !t.RecordBetsWon ? "    Losses:" : "    Wins/losses:");
     const bool won = net > currency{};
     if (IsZero(net) || !(won ? t.RecordBetsWon : t.RecordBetsLost)) return;
-    LogEvent(t, (LineOf(t, p) << (won ? "won " : "lost ") << Abs(net) << " on " << BetName(row)).Text());
+    LogEvent(t, (LineOf(t, p) << (won ? "won "sv : "lost "sv) << Abs(net) << " on " << BetName(row)).Text());
 }
 
 void LogContractMove(Table& t, int p, int fromRow, int toRow) {
@@ -274,7 +288,7 @@ void LogContractMove(Table& t, int p, int fromRow, int toRow) {
 void LogBankrollResults(Table& t) {
     if (!t.EventsLogOn) return;
     BeginLogBlock(t);
-    LogBankrollsSince(t, t.BankrollAtRollStart, "gain", "loss");
+    LogBankrollsSince(t, t.SeatsChangedSinceRoll, t.BankrollAtRollStart, "gain", "loss");
 }
 
 void LogNextShooter(Table& t) {
@@ -287,11 +301,10 @@ void LogNextShooter(Table& t) {
 }
 
 void RememberWorkingForLog(Table& t) {
-    for (int p = 1; p < Positions; ++p) {
-        if (!IsSeated(t, p)) continue;
-        ForRows(RowsToCompare(t, p), 1, Row::LastBet,
-                [&](int row) { t.PrevBetWorking(p, row) = static_cast<std::int8_t>(BetWorking(t, p, row)); });
-    }
+    ForSeats(t, SeatsToCompare(t), [&](int p) {
+        ForRowsToCompare(t, p,
+                         [&](int row) { t.PrevBetWorking(p, row) = static_cast<std::int8_t>(BetWorking(t, p, row)); });
+    });
 }
 
 void RememberForLog(Table& t) {
@@ -313,14 +326,14 @@ void LogSessionStart(Table& t, bool fileExists) {
     if (fileExists) LogEvent(t, "============================================");
     const std::string date = t.Front != nullptr ? t.Front->DateText() : std::string{};
     const std::string time = t.Front != nullptr ? t.Front->TimeText() : std::string{};
-    LogEvent(t, (Line() << " New session started " << date << " @ " << time).Text());
+    LogEvent(t, (TextLine() << " New session started " << date << " @ " << time).Text());
     for (int p = 1; p < Positions; ++p) {
         if (!IsSeated(t, p)) continue;
         const currency begin = t.BankrollBegin[At(p + Positions * Scope::Session)];
         LogUnderHeading(t, "    Players:", (LineOf(t, p) << "at stick " << StickName(p) << " with " << begin).Text());
     }
     if (t.DiceFileMode == 2) {
-        LogEvent(t, (Line() << "    Dice roll file playback active (" << t.DiceRollFileName << ")").Text());
+        LogEvent(t, (TextLine() << "    Dice roll file playback active (" << t.DiceRollFileName << ")").Text());
     }
     for (int p = 1; p < Positions; ++p) {
         if (IsSeated(t, p) && t.ScriptOn[At(p)]) LogScriptActivated(t, p);
@@ -355,7 +368,7 @@ void LogCashOut(Table& t, int p, currency abandoned) {
     if (!t.EventsLogOn) return;
     const currency taken = t.Bankroll[At(p)] - abandoned;
     const currency net = taken - t.BankrollInvested[At(p)];
-    Line line = Narrated(t, p);
+    TextLine line = Narrated(t, p);
     line << " cashed out with " << taken;
     if (net > currency{}) {
         line << "(net win: " << net << ")";

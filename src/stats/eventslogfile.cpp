@@ -13,6 +13,7 @@ namespace tarnwick {
 namespace {
 
 constexpr std::string_view LineEnd = "\r\n";
+constexpr std::size_t FirstRoom = 4'096;  ///< bytes for pending lines
 
 /// Small letters of code page 1252.
 char LowerByte(char c) {
@@ -27,17 +28,19 @@ void Lower(std::string& bytes) { std::transform(bytes.begin(), bytes.end(), byte
 
 /// Whether all characters are printable ones of ASCII. Eight at a time: every line of a run comes by here.
 bool IsPlain(std::string_view text) {
+    if (text.size() < 8) return std::all_of(text.begin(), text.end(), [](char c) { return ' ' <= c && c <= '~'; });
     constexpr std::uint64_t each = 0x0101010101010101u;
     std::uint64_t odd = 0;
-    while (text.size() >= 8) {
+    const auto look = [&odd](const char* at) {
         std::uint64_t eight = 0;
-        std::memcpy(&eight, text.data(), 8);
+        std::memcpy(&eight, at, 8);
         // A byte below 20 borrows, one of 7F or above has or gets the top bit; a borrow can only add an odd one.
-        odd |= ((eight - each * 0x20) | (eight + each) | eight) & each * 0x80;
-        text.remove_prefix(8);
-    }
-    for (const char c : text) odd |= static_cast<std::uint64_t>(c < ' ' || c > '~');
-    return odd == 0;
+        odd |= (eight - each * 0x20) | (eight + each) | eight;
+    };
+    const char* last = text.data() + text.size() - 8;
+    for (const char* at = text.data(); at < last; at += 8) look(at);
+    look(last);
+    return (odd & each * 0x80) == 0;
 }
 
 /// Both locked, the reference first: every program takes them in this order.
@@ -71,22 +74,38 @@ std::string About(const std::string& path, const std::string& fault) {
 // --- writing ---
 
 void EventsLogWriter::Collect(std::string_view line) {
-    Starts.push_back(static_cast<std::int64_t>(Pending.size()));
-    if (IsPlain(line)) {
-        Pending += line;
-    } else {
-        std::string bytes = ToCodePage(line).Bytes;
-        for (char& c : bytes) {
+    std::string converted;
+    if (!IsPlain(line)) {
+        converted = ToCodePage(line).Bytes;
+        for (char& c : converted) {
             if (c == '\r' || c == '\n' || c == '\0') c = ' ';
         }
-        Pending += bytes;
+        line = converted;
     }
-    Pending += LineEnd;
+    Starts.push_back(static_cast<std::int64_t>(PendingEnd));
+    const std::size_t end = PendingEnd + line.size() + LineEnd.size();
+    if (end > Pending.size()) Pending.resize(std::max(2 * end, FirstRoom));
+    char* to = Pending.data() + PendingEnd;
+    std::memcpy(to, line.data(), line.size());
+    std::memcpy(to + line.size(), LineEnd.data(), LineEnd.size());
+    PendingEnd = end;
 }
 
 void EventsLogWriter::DropPending() {
-    Pending.clear();
+    PendingEnd = 0;
     Starts.clear();
+}
+
+std::int32_t EventsLogWriter::LastPending(bool (*fits)(std::string_view line)) const {
+    std::size_t end = PendingEnd;
+    for (std::size_t n = Starts.size(); n > 0; --n) {
+        const auto start = static_cast<std::size_t>(Starts[n - 1]);
+        if (fits(std::string_view(Pending.data() + start, end - start - LineEnd.size()))) {
+            return static_cast<std::int32_t>(n);
+        }
+        end = start;
+    }
+    return 0;
 }
 
 std::string EventsLogWriter::Open(const EventsLogPaths& paths) {
@@ -113,8 +132,8 @@ bool EventsLogWriter::KnowsReference() const {
 
 /// Drops the lines that begin or end behind `room` bytes.
 void EventsLogWriter::KeepWhatFits(std::int64_t room, Written& written) {
-    while (static_cast<std::int64_t>(Pending.size()) > room && !Starts.empty()) {
-        Pending.resize(static_cast<std::size_t>(Starts.back()));
+    while (static_cast<std::int64_t>(PendingEnd) > room && !Starts.empty()) {
+        PendingEnd = static_cast<std::size_t>(Starts.back());
         Starts.pop_back();
         written.Full = true;
     }
@@ -122,9 +141,7 @@ void EventsLogWriter::KeepWhatFits(std::int64_t room, Written& written) {
 
 /// The records of the pending lines, the first of which began at byte `start`.
 std::string EventsLogWriter::AppendToReference(std::int64_t start, Written& written) {
-    std::string records;
-    records.reserve(4 * Starts.size());
-    for (const std::int64_t line : Starts) AppendReferenceRecord(records, start + line);
+    const std::string records = ReferenceRecords(Starts, start);
     written.FirstLine = ReferenceLines(Reference) + 1;
     std::string fault = About(Paths.Reference, Reference.WriteAt(Reference.Length(), records));
     Reference.TakeTimeOf(Log);
@@ -147,7 +164,9 @@ void EventsLogWriter::WriteLocked(bool stayOpen, Written& written) {
     const std::int64_t start = end + (cutShort ? static_cast<std::int64_t>(LineEnd.size()) : 0);
     KeepWhatFits(LongestLog - start, written);
     if (!HasPending()) return;
-    written.Fault = About(Paths.Log, Log.WriteAt(end, cutShort ? std::string(LineEnd) + Pending : Pending));
+    const std::string_view lines(Pending.data(), PendingEnd);
+    written.Fault =
+        About(Paths.Log, cutShort ? Log.WriteAt(end, std::string(LineEnd).append(lines)) : Log.WriteAt(end, lines));
     if (!written.Fault.empty()) {
         Log.Cut(end);
         return;

@@ -26,8 +26,10 @@ class EventsLogWriter {
     /// Adds a line, in UTF-8. Line breaks in it become blanks.
     void Collect(std::string_view line);
     bool HasPending() const { return !Starts.empty(); }
-    std::size_t PendingBytes() const { return Pending.size(); }
+    std::size_t PendingBytes() const { return PendingEnd; }
     void DropPending();
+    /// The last pending line that `fits`, counted from 1; 0 when there is none.
+    std::int32_t LastPending(bool (*fits)(std::string_view line)) const;
 
     struct Written {
         std::string Fault;           ///< a clause, or nothing; the lines are lost and the log is as it was
@@ -47,7 +49,8 @@ class EventsLogWriter {
     std::string AppendToReference(std::int64_t start, Written& written);
     bool KnowsReference() const;
 
-    std::string Pending;
+    std::string Pending;  ///< up to PendingEnd; what lies behind is room
+    std::size_t PendingEnd = 0;
     std::vector<std::int64_t> Starts;  ///< of the pending lines, within Pending
     EventsLogPaths Paths;
     SharedFile Log, Reference;

@@ -18,6 +18,13 @@ std::int64_t ReadRecord(const SharedFile& reference, std::int64_t record) {
     return static_cast<std::int32_t>(number);
 }
 
+/// The record of a line that begins at byte `start`.
+std::array<char, RecordBytes> RecordOf(std::int64_t start) {
+    const auto number = static_cast<std::uint32_t>(start + 1);
+    return {static_cast<char>(number & 0xFF), static_cast<char>(number >> 8 & 0xFF),
+            static_cast<char>(number >> 16 & 0xFF), static_cast<char>(number >> 24)};
+}
+
 /// Whether a line begins at byte `start` and no other one behind it.
 bool IsLastLine(const SharedFile& log, std::int64_t start) {
     char before = '\n';
@@ -37,10 +44,18 @@ void WriteFirstBytesBack(SharedFile& log) {
 }  // namespace
 
 void AppendReferenceRecord(std::string& records, std::int64_t start) {
-    const auto number = static_cast<std::uint32_t>(start + 1);
-    std::array<char, RecordBytes> bytes{};
-    for (std::size_t i = 0; i < bytes.size(); ++i) bytes[i] = static_cast<char>(number >> 8 * i & 0xFF);
+    const std::array<char, RecordBytes> bytes = RecordOf(start);
     records.append(bytes.data(), bytes.size());
+}
+
+std::string ReferenceRecords(const std::vector<std::int64_t>& lines, std::int64_t start) {
+    std::string records(RecordBytes * lines.size(), '\0');
+    char* to = records.data();
+    for (const std::int64_t line : lines) {
+        const std::array<char, RecordBytes> bytes = RecordOf(start + line);
+        to = std::copy(bytes.begin(), bytes.end(), to);
+    }
+    return records;
 }
 
 std::int32_t ReferenceLines(const SharedFile& reference) {

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "files/sharedfile.h"
 
@@ -34,6 +35,8 @@ std::int64_t LineStart(const SharedFile& log, const SharedFile& reference, std::
 
 /// Adds the record of a line that begins at byte `start`, from 0.
 void AppendReferenceRecord(std::string& records, std::int64_t start);
+/// The records of lines that begin at bytes `start` + `lines`, from 0.
+std::string ReferenceRecords(const std::vector<std::int64_t>& lines, std::int64_t start);
 
 /// Reads a log line by line.
 class LineStream {

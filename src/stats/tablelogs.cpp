@@ -31,7 +31,10 @@ std::string FullText(const std::string& path) {
     return "The Events Log is full: " + path + "\nIt can't be longer than 2,147,483,647 bytes.";
 }
 
-bool IsRollLine(std::string_view line) { return Trim(line).substr(0, 4) == "Roll"; }
+bool IsRollLine(std::string_view line) {
+    const std::size_t first = line.find_first_not_of(' ');
+    return first != std::string_view::npos && line[first] == 'R' && line.substr(first, 4) == "Roll";
+}
 
 }  // namespace
 
@@ -59,17 +62,15 @@ std::string TableLogs::SessionsLog(const Table& t, int p) const {
 void TableLogs::LogLine(Table& t, std::string_view line) {
     if (!t.EventsLogOn) return;  // turned off by a fault a moment ago
     Writer.Collect(line);
-    ++Collected;
-    if (t.KeepLatestRollOnTop && IsRollLine(line)) RollLine = Collected;
     if (!t.AutoRollActive || Writer.PendingBytes() >= LongestWait) Flush(t);
 }
 
 void TableLogs::Flush(Table& t) {
     if (!Writer.HasPending()) return;
     const EventsLogPaths paths = EventsLog(t);
+    const std::int32_t rollLine = t.KeepLatestRollOnTop ? Writer.LastPending(IsRollLine) : 0;
     const EventsLogWriter::Written written = Writer.Write(paths, t.AutoRollActive);
-    if (RollLine > 0 && written.FirstLine > 0) t.EventsLogTopLine = written.FirstLine + RollLine - 1;
-    RollLine = Collected = 0;
+    if (rollLine > 0 && written.FirstLine > 0) t.EventsLogTopLine = written.FirstLine + rollLine - 1;
     if (!written.Fault.empty()) {
         StopLogging(t, "The Events Log can't be written.\n" + written.Fault);
     } else if (written.Full) {
@@ -88,7 +89,6 @@ bool TableLogs::EventsLogExists(const Table& t) { return Writer.HasPending() || 
 
 void TableLogs::ClearEventsLog(Table& t) {
     Writer.DropPending();
-    RollLine = Collected = 0;
     std::string fault = Writer.Close();
     if (const std::string left = DeleteEventsLog(EventsLog(t)); fault.empty()) fault = left;
     if (!fault.empty()) Tell(t, "Events Log", "The Events Log can't be cleared.\n" + fault);

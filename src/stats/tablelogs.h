@@ -41,8 +41,6 @@ class TableLogs : public LogHost {
     std::string InUserFolder(const std::string& name) const;
 
     std::string UserFolder;
-    std::int32_t RollLine = 0;  ///< among the lines that wait, from 1: the last one of a roll; 0 none
-    std::int32_t Collected = 0;
 };
 
 }  // namespace tarnwick

@@ -199,7 +199,29 @@ std::string FormatCommas(currency amount) {
     return FormatPattern(amount, whole ? "#,#;-#,#;0" : "#,#.00##;-#,#.00##;0.00");
 }
 
-std::string PlainAmount(currency amount) { return FormatPattern(amount, "0.####"); }
+// What the pattern "0.####" gives.
+char* WritePlainAmount(char* to, currency amount) {
+    constexpr auto scale = static_cast<std::uint64_t>(CurrencyScale);
+    auto count = static_cast<std::uint64_t>(amount.TenThousandths);
+    if (amount.TenThousandths < 0) {
+        count = 0 - count;
+        *to++ = '-';
+    }
+    to = std::to_chars(to, to + LongestAmount - 1, count / scale).ptr;
+    std::uint64_t rest = count % scale;
+    if (rest == 0) return to;
+    *to++ = '.';
+    for (std::uint64_t place = scale / 10; rest != 0; rest %= place, place /= 10) {
+        *to++ = static_cast<char>('0' + rest / place);
+    }
+    return to;
+}
+
+std::string PlainAmount(currency amount) {
+    std::array<char, LongestAmount> text{};
+    const char* end = WritePlainAmount(text.data(), amount);
+    return {text.data(), static_cast<std::size_t>(end - text.data())};
+}
 
 std::string FormatPattern(currency amount, std::string_view pattern) {
     return FormatDecimal(DecimalOf(amount), pattern);

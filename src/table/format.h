@@ -1,6 +1,7 @@
 // Numbers as text, and back, independent of any locale.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -15,6 +16,9 @@ std::string FormatCommas(currency amount);
 
 /// An amount as a plain decimal for logs and files: up to four places, no separators, no trailing zeros ("0.5").
 std::string PlainAmount(currency amount);
+/// The same at `to`, which has room for LongestAmount characters; returns the end. As fast as can be, for logs.
+constexpr std::size_t LongestAmount = 24;
+char* WritePlainAmount(char* to, currency amount);
 
 /// A number by a pattern of up to three sections (positive; negative; zero) such as "#,#.0###;-#,#;0": "#" shows a
 /// digit if there is one, "0" always does, "," in the whole part groups by thousands, other characters stand as they

@@ -24,6 +24,7 @@
 #include "table/rundriver.h"
 #include "table/screen.h"
 #include "table/settlement.h"
+#include "table/textline.h"
 
 namespace tarnwick {
 
@@ -197,13 +198,19 @@ int RememberAfterRoll(Table& t) {
 
 // --- the dice ---
 
-std::string SourceText(const Table& t, DiceSource source) {
-    if (source == DiceSource::Pad) return " from manual roll pad";
-    if (source == DiceSource::File) return " from roll file";
-    std::string text = " from RNG #" + std::to_string(t.RngIndex + 1);
-    if (!t.UseSkewedProbability) return text;
-    return t.ProbabilityFileName.empty() ? text + " using untitled probability matrix"
-                                         : text + " using probability matrix: " + t.ProbabilityFileName;
+TextLine SourceText(const Table& t, DiceSource source) {
+    TextLine text;
+    if (source == DiceSource::Pad) {
+        text << " from manual roll pad";
+    } else if (source == DiceSource::File) {
+        text << " from roll file";
+    } else {
+        text << " from RNG #" << std::int64_t{t.RngIndex} + 1;
+        if (!t.UseSkewedProbability) return text;
+        text << (t.ProbabilityFileName.empty() ? " using untitled probability matrix" : " using probability matrix: ")
+             << t.ProbabilityFileName;
+    }
+    return text;
 }
 
 void ThrowDice(Table& t, DiceSource source) {
@@ -217,7 +224,7 @@ void ThrowDice(Table& t, DiceSource source) {
         t.Die2 = t.PadDie2;
     }
     t.DiceTotal = t.Die1 + t.Die2;
-    if (t.EventsLogOn) LogRoll(t, SourceText(t, source));
+    if (t.EventsLogOn && t.RecordRolls) LogRoll(t, SourceText(t, source).Text());
     if (t.DiceFileMode == 1) RecordRoll(t);
     if (t.HyperDriveActive || t.Front == nullptr) return;
     t.Front->DrawDiceThrow();

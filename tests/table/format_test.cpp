@@ -169,6 +169,20 @@ TEST(Format, WrittenAmountsReadBack) {
     EXPECT_EQ(ParseAmount(FormatCommas(Lowest)), Lowest);
 }
 
+/// Amounts of every length, with whole and broken parts.
+TEST(Format, PlainAmountsAreThoseOfTheirPattern) {
+    std::uint64_t random = 88172645463325252u;
+    for (int i = 0; i < 20'000; ++i) {
+        random ^= random << 13;
+        random ^= random >> 7;
+        random ^= random << 17;
+        const std::int64_t any = static_cast<std::int64_t>(random) >> (random % 63);
+        for (const currency amount : {currency{any}, currency{any / 100 * 100}, Dollars(any / CurrencyScale)}) {
+            ASSERT_EQ(PlainAmount(amount), FormatPattern(amount, "0.####")) << amount.TenThousandths;
+        }
+    }
+}
+
 TEST(Format, WholeNumbersAndBlanks) {
     EXPECT_EQ(ParseInteger(" 42\t"), 42);
     EXPECT_EQ(ParseInteger("-2147483648"), std::numeric_limits<int>::min());
