@@ -33,6 +33,12 @@ currency SoundMoney(currency value, currency most) {
     return value > most * 100 ? most : value < most * -100 ? -most : value;
 }
 
+/// A count within +-`most` or near it, by the same rule.
+void FixCount(std::int32_t& value, std::int32_t most) {
+    if (value > 2 * most) value = most;
+    if (value < -2 * most) value = -most;
+}
+
 // --- settings ---
 
 /// Brings one setting into its range; what no step reaches becomes the default.
@@ -129,7 +135,10 @@ void FixPlay(Table& t) {
     t.PointsMadeCount = std::popcount(static_cast<unsigned>(t.PointsMadeMask));
     t.MarkedNumbers &= AllMarks;
     Clamp(t.FourRollsCount, 0, 3);
-    for (std::int32_t* count : {&t.HandComeouts, &t.HandPasses, &t.HandMisses}) Clamp(*count, 0, MaxSessionRolls);
+    for (std::int32_t* count : {&t.HandComeouts, &t.HandPasses, &t.HandMisses}) {
+        *count = std::max(*count, 0);
+        FixCount(*count, MaxSessionRolls);
+    }
     t.RollInProgress = t.AutoRollActive = t.HyperDriveActive = t.PadRollPending = false;
     t.ScriptRunning = t.ScriptStopRequested = t.FireHandReset = t.PointMoving = false;
     t.StopReason.clear();
@@ -158,8 +167,8 @@ void SetCells(Table& t, const PlayerImage& player, int p) {
         t.EstablishedBet(p, row) = row <= 85 ? SoundAmount(t.EstablishedBet(p, row), row) : currency{};
     }
     for (int row = 0; row <= 100; ++row) {
-        Clamp(t.BetStreak(p, row), -MostStreak, MostStreak);
-        Clamp(t.PrevBetStreak(p, row), -MostStreak, MostStreak);
+        FixCount(t.BetStreak(p, row), MostStreak);
+        FixCount(t.PrevBetStreak(p, row), MostStreak);
     }
     FixBesideBets(t.BuyVigCharged[At(p)], t, p, Row::Buy4);
     FixBesideBets(t.LayVigCharged[At(p)], t, p, Row::Lay4);
