@@ -10,7 +10,7 @@ namespace tarnwick {
 
 namespace {
 
-struct ButtonSpec {
+struct MoveButton {
     const char* Name;
     const char* Caption;
     const char* Tip;
@@ -18,7 +18,7 @@ struct ButtonSpec {
     int Row, Column;
 };
 
-constexpr ButtonSpec Buttons[] = {
+constexpr MoveButton Buttons[] = {
     {"cmdRotateCCW", "\u21BA", "Turn counter-clockwise", ViewStep::RotateCCW, 0, 0},
     {"cmdMoveUp", "\u25B2", "Move up", ViewStep::MoveUp, 0, 1},
     {"cmdRotateCW", "\u21BB", "Turn clockwise", ViewStep::RotateCW, 0, 2},
@@ -37,16 +37,16 @@ MoveWindow::MoveWindow(QWidget* parent) : QWidget(parent, Qt::Tool) {
     setWindowTitle(tr("Zoom/rotate/move"));
     auto* grid = new QGridLayout(this);
     grid->setSizeConstraint(QLayout::SetFixedSize);
-    for (const ButtonSpec& spec : Buttons) {
-        auto* button = new QPushButton(QString::fromUtf8(spec.Caption));
-        button->setObjectName(QString::fromUtf8(spec.Name));
-        button->setToolTip(tr("%1\nShift and Ctrl change the step.").arg(tr(spec.Tip)));
-        button->setAccessibleName(tr(spec.Tip));
+    for (const MoveButton& entry : Buttons) {
+        auto* button = new QPushButton(QString::fromUtf8(entry.Caption));
+        button->setObjectName(QString::fromUtf8(entry.Name));
+        button->setToolTip(tr("%1\nShift and Ctrl change the step.").arg(tr(entry.Tip)));
+        button->setAccessibleName(tr(entry.Tip));
         button->setFixedSize(44, 36);
         button->setAutoRepeat(true);
         connect(button, &QPushButton::clicked, this,
-                [this, step = spec.Step] { emit stepWanted(step, ModifierValue(QApplication::keyboardModifiers())); });
-        grid->addWidget(button, spec.Row, spec.Column);
+                [this, step = entry.Step] { emit stepWanted(step, ModifierValue(QApplication::keyboardModifiers())); });
+        grid->addWidget(button, entry.Row, entry.Column);
     }
 }
 
