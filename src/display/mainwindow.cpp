@@ -39,7 +39,6 @@ namespace tarnwick {
 
 namespace {
 
-constexpr int AutoRollThrottle = 12;
 constexpr qint64 ThrowMilliseconds = 450;
 constexpr unsigned long ThrowFrame = 14;
 
@@ -137,12 +136,11 @@ void MainWindow::MakePlayersMenu() {
     Add(*menu, tr("Re&name player ..."), {}, [this, &t] {
         if (const int p = Bettor()) AskRenamePlayer(t, p);
     });
-    Add(*menu, tr("&Move player"), {}, [this, &t] {
+    Add(*menu, tr("&Move player"), {}, [this] {
         if (const int p = Bettor()) {
             Hand->MovingPlayer = p;
             SetPending(PendingAction::MovePlayer);
         }
-        static_cast<void>(t);
     });
     Add(*menu, tr("&Cash out player ..."), {}, [&t] { AskRemovePlayer(t, t.ActivePlayer); });
     Add(*menu, QStringLiteral("&Pass the dice"), {}, [&t] { PassTheDice(t, PassMode::Request); });
@@ -496,10 +494,7 @@ void MainWindow::ShowPad() {
 
 void MainWindow::Refresh() {
     const Table& t = Played->T();
-    const bool hyper = t.HyperThrottle != AutoRollThrottle;
-    RunAction->setText(
-        hyper ? (t.AutoRollActive ? QStringLiteral("Stop &Hyper-Drive") : QStringLiteral("Start &Hyper-Drive"))
-              : (t.AutoRollActive ? QStringLiteral("Stop &Auto-Roll") : QStringLiteral("Start &Auto-Roll")));
+    RunAction->setText(Words(RunButtonText(t)));
     setWindowTitle(Words(GameTitle(t)));
     for (const auto& [action, flag] : Switches) {
         const QSignalBlocker quiet(action);

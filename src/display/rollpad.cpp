@@ -11,6 +11,7 @@
 #include <QSlider>
 #include <QVBoxLayout>
 
+#include "display/words.h"
 #include "stats/accumulators.h"
 #include "table/crapcnst.h"
 #include "table/rundriver.h"
@@ -19,7 +20,6 @@ namespace tarnwick {
 
 namespace {
 
-constexpr int AutoRollThrottle = 12;
 constexpr int Faces = 6;
 
 struct Ways {
@@ -217,10 +217,7 @@ void RollPad::ShowLastRoll() {
 }
 
 void RollPad::ShowRunState() {
-    const bool hyper = T.HyperThrottle != AutoRollThrottle;
-    RunButton->setText(
-        hyper ? (T.AutoRollActive ? QStringLiteral("Stop &Hyper-Drive") : QStringLiteral("Start &Hyper-Drive"))
-              : (T.AutoRollActive ? QStringLiteral("Stop &Auto-Roll") : QStringLiteral("Start &Auto-Roll")));
+    RunButton->setText(Words(RunButtonText(T)));
     RunButton->setVisible(T.PadShowRunButton);
     Throttle->setVisible(T.PadShowRunButton);
 }

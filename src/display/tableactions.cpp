@@ -1,5 +1,6 @@
 #include "display/tableactions.h"
 
+#include "display/felt/hotspotmap.h"
 #include "table/messages.h"
 #include "table/placement.h"
 #include "table/players.h"
@@ -128,11 +129,7 @@ bool TableActions::PressRight(int value) {
 void TableActions::AddCheck(int row, bool off) {
     if (!HasBettor()) return;
     const int p = T.ActivePlayer;
-    // Odds and flat bet share a box; with no odds to take down, it is the flat bet that is meant.
-    if (off && IsZero(T.BetAmount(p, row))) {
-        if (row == Row::DontPassOdds) row = Row::DontPass;
-        if (IsDontComeOdds(row)) row -= 6;
-    }
+    if (off) row = RowToLower(T, row);
     const currency check = T.CheckDenominations[At(T.SelectedCheck)];
     PlaceBet(T, p, row, off ? -check : check);
     T.GameChanged = true;

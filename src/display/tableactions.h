@@ -18,9 +18,6 @@ constexpr int None = 0;
 constexpr int RailFactor = 1000;  ///< 1000 p + m
 constexpr int FirstRail = 1000;
 constexpr int LastRail = 8999;
-constexpr int FirstSlot = 11;  ///< m 11..14: CheckStack slots
-constexpr int LastSlot = 14;
-constexpr int SlotShift = 90;  ///< from m to the slot's number 101..104
 }  // namespace HotSpot
 
 inline bool IsRail(int value) { return HotSpot::FirstRail <= value && value <= HotSpot::LastRail; }
@@ -51,7 +48,6 @@ class TableActions {
     /// What the amount box held when it closed: the bet of the bettor on `row` becomes `amount`.
     void SetAmount(int row, currency amount);
 
-    void CallSelected(int row, bool on);
     /// Makes p 1..8 the bettor, or offers to seat somebody there.
     void SelectRail(int p);
 

@@ -14,8 +14,6 @@ namespace tarnwick {
 
 namespace {
 
-constexpr int AutoRollThrottle = 12;
-
 void TellRunState(Table& t) {
     if (t.Logs != nullptr) t.Logs->RunStateChanged(t);
     if (t.Front != nullptr) t.Front->RunStateChanged(t.AutoRollActive, t.HyperDriveActive);
@@ -62,6 +60,11 @@ void ToggleAutoRoll(Table& t) {
     RollDice(t);
     // A call that ended before its first roll leaves no run behind.
     if (t.AutoRollActive) StopAutoRoll(t);
+}
+
+std::string RunButtonText(const Table& t) {
+    const char* const kind = t.HyperThrottle != AutoRollThrottle ? "&Hyper-Drive" : "&Auto-Roll";
+    return std::string(t.AutoRollActive ? "Stop " : "Start ") + kind;
 }
 
 void SetHyperThrottle(Table& t, int throttle) {

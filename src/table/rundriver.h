@@ -7,11 +7,17 @@
 
 namespace tarnwick {
 
-/// Starts a run (Auto-Roll at HyperThrottle 12, else Hyper-Drive) and rolls until it stops; stops a running one.
+/// The HyperThrottle of Auto-Roll; below it are the speeds of Hyper-Drive.
+constexpr int AutoRollThrottle = 12;
+
+/// Starts a run (Auto-Roll at AutoRollThrottle, else Hyper-Drive) and rolls until it stops; stops a running one.
 void ToggleAutoRoll(Table& t);
 
 /// Ends a run. In Hyper-Drive the stop reason is shown.
 void StopAutoRoll(Table& t);
+
+/// Caption of the button that starts and stops runs, with its mnemonic: "Start &Hyper-Drive".
+std::string RunButtonText(const Table& t);
 
 /// Moves the speed bar 0..12; a run that is on changes its kind at once.
 void SetHyperThrottle(Table& t, int throttle);
