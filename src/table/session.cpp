@@ -1,6 +1,7 @@
 #include "table/session.h"
 
 #include <algorithm>
+#include <memory>
 
 #include "config/configure.h"
 #include "config/payoffs.h"
@@ -147,7 +148,7 @@ void DropScripts(Table& t) {
 }  // namespace
 
 void SubMain(Table& t, Screen* front) {
-    t = Table{};
+    t = *std::make_unique<Table>();  // too big for a stack that holds other tables
     t.Front = front;
     t.PlayerName[0] = "House";
     SetDefaultSettings(t);

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <memory>
 #include <random>
 
 #include "autobet/literal_evaluator.h"
@@ -289,7 +290,9 @@ TEST(LoweredScripts, AgreeWithTheLiteralEvaluation) {
         SCOPED_TRACE("seed " + std::to_string(seed) + "\n" + source);
         s.T.ScriptOn[1] = true;
 
-        Table literalTable = s.T;
+        // Tables take a megabyte each; the stack has eight.
+        const auto literalOwned = std::make_unique<Table>(s.T);
+        Table& literalTable = *literalOwned;
         SilentScreen literalScreen;
         literalTable.Front = &literalScreen;
         literalTable.ScriptRunning = true;
@@ -298,7 +301,8 @@ TEST(LoweredScripts, AgreeWithTheLiteralEvaluation) {
         faulted += literalDone ? 0 : 1;
         statements += static_cast<int>(literal.Outcomes.size());
 
-        const Table start = s.T;
+        const auto fastOwned = std::make_unique<Table>(s.T);
+        Table& fastTable = *fastOwned;
         s.Scripts.StepsOn = true;
         s.Scripts.RunAll(s.T);
         EXPECT_EQ(s.Scripts.LastError.empty(), literalDone);
@@ -308,7 +312,6 @@ TEST(LoweredScripts, AgreeWithTheLiteralEvaluation) {
         }
         ASSERT_EQ(outcomes.size(), literal.Outcomes.size());
         ASSERT_EQ(StateOf(s.T), StateOf(literalTable));
-        Table fastTable = start;
         SilentScreen fastScreen;
         fastTable.Front = &fastScreen;
         AutoBets fast;
