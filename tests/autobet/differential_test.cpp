@@ -222,7 +222,9 @@ class ScriptWriter {
 };
 
 /// Everything that a generated script may change, one line each where it isn't 0, and the generator's next number.
-std::string StateOf(Table t) {
+std::string StateOf(const Table& told) {
+    const auto copy = std::make_unique<Table>(told);  // drawing moves the generator
+    Table& t = *copy;
     std::string state;
     const auto add = [&](const std::string& name, const auto& value) {
         if (value != 0) state += name + " " + std::to_string(value) + "\n";
