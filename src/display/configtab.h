@@ -16,7 +16,8 @@ class ConfigTab : public QWidget {
   public:
     explicit ConfigTab(Table& t, QWidget* parent = nullptr) : QWidget(parent), T(t) {}
 
-    /// Fills all controls from the table, changing nothing there. Called when the tab is shown and when a game is opened.
+    /// Fills all controls from the table, changing nothing there. Called when the tab is shown and when a game is
+    /// opened.
     virtual void ShowSettings() = 0;
     /// False after a message, when the tab can't be shown now.
     virtual bool MayOpen() { return true; }

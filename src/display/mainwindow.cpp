@@ -11,12 +11,14 @@
 #include <QMessageBox>
 #include <QStatusBar>
 #include <QThread>
+#include <algorithm>
 
 #include "config/advantage.h"
 #include "display/amountbox.h"
 #include "display/bettext.h"
 #include "display/desktopscreen.h"
 #include "display/felt/dicepainter.h"
+#include "display/felt/felttransform.h"
 #include "display/felt/feltview.h"
 #include "display/felt/statusboxes.h"
 #include "display/filewindow.h"
@@ -27,6 +29,7 @@
 #include "display/windowplaces.h"
 #include "display/words.h"
 #include "files/gamefile.h"
+#include "stats/accumulators.h"
 #include "table/bankroll.h"
 #include "table/format.h"
 #include "table/messages.h"
@@ -41,6 +44,7 @@ namespace {
 
 constexpr qint64 ThrowMilliseconds = 450;
 constexpr unsigned long ThrowFrame = 14;
+constexpr qint64 ProgressInterval = 100;  ///< milliseconds between two looks at a Hyper-Drive
 
 std::size_t At(int i) { return static_cast<std::size_t>(i); }
 
@@ -113,8 +117,9 @@ void MainWindow::MakeGameMenu() {
     RunAction = menu->addAction(QString());
     RunAction->setShortcut(Qt::Key_F5);
     connect(RunAction, &QAction::triggered, this, &MainWindow::ToggleRun);
-    Add(*menu, QStringLiteral("Set auto-roll &time delay ..."), {}, [&t] { AskAutoRollDelay(t); });
-    Add(*menu, QStringLiteral("Set auto-&stop ..."), {}, [&t] { AskAutoStop(t); });
+    QMenu* runs = menu->addMenu(tr("R&un settings"));
+    Add(*runs, QStringLiteral("Set auto-roll &time delay ..."), {}, [&t] { AskAutoRollDelay(t); });
+    Add(*runs, QStringLiteral("Set auto-&stop ..."), {}, [&t] { AskAutoStop(t); });
     QAction* pad = menu->addAction(tr("Roll &your own numbers"));
     pad->setShortcut(Qt::Key_F6);
     connect(pad, &QAction::triggered, this, &MainWindow::ShowPad);
@@ -144,6 +149,8 @@ void MainWindow::MakePlayersMenu() {
     });
     Add(*menu, tr("&Cash out player ..."), {}, [&t] { AskRemovePlayer(t, t.ActivePlayer); });
     Add(*menu, QStringLiteral("&Pass the dice"), {}, [&t] { PassTheDice(t, PassMode::Request); });
+    Add(*menu, tr("Ne&xt bettor"), Qt::Key_PageDown, [this] { StepBettor(1); });
+    Add(*menu, tr("Pre&vious bettor"), Qt::Key_PageUp, [this] { StepBettor(-1); });
     menu->addSeparator();
     Add(*menu, tr("ATM &withdrawal ..."), Qt::CTRL | Qt::SHIFT | Qt::Key_W, [this] { AskAtm(true); });
     Add(*menu, tr("ATM &deposit ..."), Qt::CTRL | Qt::SHIFT | Qt::Key_D, [this] { AskAtm(false); });
@@ -157,8 +164,10 @@ void MainWindow::MakeActionMenu() {
             if (Bettor() != 0) SetPending(action);
         });
     };
+    MakeCursorEntries(*menu);
+    menu->addSeparator();
     addPending(tr("Call a bet O&N"), PendingAction::CallOn);
-    addPending(tr("Call a bet O&FF"), PendingAction::CallOff);
+    addPending(tr("&Call a bet OFF"), PendingAction::CallOff);
     addPending(tr("&Buy a Place bet"), PendingAction::Buy);
     addPending(tr("&Remove a bet"), PendingAction::Remove);
     menu->addSeparator();
@@ -172,6 +181,29 @@ void MainWindow::MakeActionMenu() {
     AddSwitch(*menu, tr("&Key in amounts"), {}, &Table::KeyInMode);
     AddSwitch(*menu, QStringLiteral("D&isplay bets as numbers"), {}, &Table::DisplayBetsAsNumbers);
     AddSwitch(*menu, QStringLiteral("&Flash bets"), Qt::Key_Space, &Table::FlashBets);
+}
+
+/// What the mouse does on a bet, for the box that the arrow keys choose.
+void MainWindow::MakeCursorEntries(QMenu& menu) {
+    Table& t = Played->T();
+    // The felt's own press asks before it disturbs a run, so these ask nothing.
+    const auto add = [this, &menu](const QString& caption, const QList<QKeySequence>& keys, Command command) {
+        QAction* action = menu.addAction(caption);
+        action->setShortcuts(keys);
+        connect(action, &QAction::triggered, this, std::move(command));
+    };
+    add(tr("A&dd a check"), {Qt::Key_Plus, Qt::Key_Insert}, [this] { View->PressCursor(Qt::LeftButton); });
+    add(tr("&Take a check off"), {Qt::Key_Minus, Qt::Key_Delete}, [this] { View->PressCursor(Qt::RightButton); });
+    add(tr("Key in an a&mount ..."), {Qt::Key_F2}, [this] {
+        KeyInNext = true;
+        View->PressCursor(Qt::LeftButton);
+        KeyInNext = false;
+    });
+    QMenu* checks = menu.addMenu(tr("&Select check"));
+    for (int check = 1; check <= 5; ++check) {
+        const auto key = static_cast<Qt::Key>(Qt::Key_0 + check);
+        CheckActions[At(check - 1)] = Add(*checks, QString(), key, [&t, check] { t.SelectedCheck = check; });
+    }
 }
 
 void MainWindow::MakeViewMenu() {
@@ -224,6 +256,35 @@ void MainWindow::MakeStatusMenu(QMenu& menu) {
         action->setChecked(align == Played->T().StatusAlign);
         group->addAction(action);
     }
+    status->addSeparator();
+    MakeStatusLines(*status);
+    Add(*status, tr("Let the program &place near boxes"), {}, [this] {
+        Table& t = Played->T();
+        t.StatusBoxLeft = t.StatusBoxTop = {};
+        t.GameChanged = true;
+    });
+}
+
+/// Which lines and marks the boxes show.
+void MainWindow::MakeStatusLines(QMenu& menu) {
+    const std::pair<QString, std::int32_t> lines[] = {
+        {tr("Show ban&kroll"), StatusLine::Bankroll},
+        {tr("Show ra&il"), StatusLine::Rail},
+        {tr("Show bet&s"), StatusLine::Bets},
+        {tr("Show &won and lost"), StatusLine::Result},
+        {tr("Mark the s&hooter"), StatusLine::ShooterMark},
+        {tr("&Mark the bettor"), StatusLine::BettorMark},
+    };
+    for (const auto& [caption, bit] : lines) {
+        QAction* action = Add(menu, caption, {}, [this, wanted = bit] {
+            Played->T().StatusLines ^= wanted;
+            Played->T().GameChanged = true;
+            PlaceStatusStrip();
+        });
+        action->setCheckable(true);
+        StatusLineActions.emplace_back(action, bit);
+    }
+    menu.addSeparator();
 }
 
 void MainWindow::MakeHelpMenu() {
@@ -274,6 +335,13 @@ void MainWindow::ConnectTable() {
     });
     connect(View, &FeltView::hotSpotMoved, this, &MainWindow::MoveOver);
     connect(View, &FeltView::mouseLeft, this, [this] { MoveOver(0); });
+    connect(View, &FeltView::zoomWanted, this, [this](bool in, Qt::KeyboardModifiers modifiers) {
+        StepView(in ? ViewStep::ZoomIn : ViewStep::ZoomOut, ModifierValue(modifiers));
+    });
+    connect(View, &FeltView::boxPressed, this, [this](int p) {
+        if (!GuardCommand(Played->T())) Hand->SelectRail(p);
+        Refresh();
+    });
     connect(Strip, &StatusStrip::boxPressed, this, [this](int p) {
         if (!GuardCommand(Played->T())) Hand->SelectRail(p);
         Refresh();
@@ -287,10 +355,16 @@ void MainWindow::ConnectTable() {
 void MainWindow::ConnectScreen() {
     connect(Front, &DesktopScreen::amountBoxDue, Amount, &AmountBox::Commit);
     connect(Front, &DesktopScreen::betChanged, View, &FeltView::RefreshBet);
-    connect(Front, &DesktopScreen::tableChanged, this, &MainWindow::Refresh);
+    connect(Front, &DesktopScreen::tableChanged, this, [this] {
+        if (!Played->T().HyperDriveActive) View->Thaw();
+        Refresh();
+    });
     connect(Front, &DesktopScreen::diceThrown, this, &MainWindow::ShowThrow);
-    connect(Front, &DesktopScreen::figuresChanged, this, &MainWindow::Refresh);
-    connect(Front, &DesktopScreen::runStateChanged, this, &MainWindow::Refresh);
+    connect(Front, &DesktopScreen::figuresChanged, this, [this] {
+        if (!Played->T().HyperDriveActive) return Refresh();
+        if (SinceProgress.elapsed() >= ProgressInterval) ShowProgress();
+    });
+    connect(Front, &DesktopScreen::runStateChanged, this, &MainWindow::FollowRun);
     connect(Front, &DesktopScreen::statusDue, StatusText, &QLabel::setText);
 }
 
@@ -302,7 +376,7 @@ void MainWindow::PressTable(int value, Qt::MouseButton button) {
     Table& t = Played->T();
     Amount->Commit();
     if (button == Qt::LeftButton) {
-        if (const int row = Hand->PressLeft(value))
+        if (const int row = Hand->PressLeft(value, t.KeyInMode || KeyInNext))
             Amount->Open(row, View->lastPress(), t.BetAmount(t.ActivePlayer, row));
     } else if (button == Qt::RightButton && !Hand->PressRight(value) && !GuardCommand(t)) {
         Roll();
@@ -314,7 +388,16 @@ void MainWindow::MoveOver(int value) {
     if (Played->T().HyperDriveActive || value == MouseOver) return;
     MouseOver = value;
     if (Amount->IsOpen() && RowOfHotSpot(Played->T(), value) != Amount->row()) Amount->GiveUp();
-    Refresh();
+    ShowStatus();
+}
+
+/// Makes the next or the previous seated player the bettor.
+void MainWindow::StepBettor(int step) {
+    Table& t = Played->T();
+    for (int i = 1; i <= 8; ++i) {
+        const int p = (t.ActivePlayer - 1 + step * i + 16) % 8 + 1;
+        if (IsSeated(t, p)) return Hand->SelectRail(p);
+    }
 }
 
 void MainWindow::StepView(ViewStep step, int modifier) {
@@ -369,6 +452,30 @@ void MainWindow::ShowThrow() {
 void MainWindow::ToggleRun() {
     ToggleAutoRoll(Played->T());
     Refresh();
+}
+
+/// A Hyper-Drive leaves the table as it was on the screen; nothing of the rolls is drawn.
+void MainWindow::FollowRun(bool running, bool hyperDrive) {
+    if (hyperDrive) {
+        View->Freeze(QStringLiteral("Hyper-Drive Active"));
+        RunFrom = SessionRolls(Played->T());
+        RunClock.start();
+        SinceProgress.start();
+    } else if (View->IsFrozen()) {
+        running ? View->Thaw() : View->Freeze(QStringLiteral("Tarnwick Hyper-Drive Stopped"));
+    }
+    Refresh();
+}
+
+void MainWindow::ShowProgress() {
+    SinceProgress.restart();
+    const std::int64_t rolls = SessionRolls(Played->T());
+    const double seconds = std::max(0.001, static_cast<double>(RunClock.elapsed()) / 1000);
+    const auto rate =
+        static_cast<std::int64_t>(static_cast<double>(std::max<std::int64_t>(0, rolls - RunFrom)) / seconds);
+    StatusText->setText(tr("Hyper-Drive:  %1 rolls,  %2 rolls a second")
+                            .arg(Words(FormatCommas(Dollars(rolls))), Words(FormatCommas(Dollars(rate)))));
+    if (Pad != nullptr) Pad->ShowLastRoll();
 }
 
 void MainWindow::StartNewSession() {
@@ -500,10 +607,13 @@ void MainWindow::Refresh() {
         const QSignalBlocker quiet(action);
         action->setChecked(t.*flag);
     }
-    const int row = RowOfHotSpot(t, MouseOver);
-    const QString pending = QString::fromLatin1(Hand->PendingText());
-    StatusText->setText(!pending.isEmpty() || row == 0 ? pending : BetText(t, row, *Advantages));
-    Strip->Refresh();
+    for (const auto& [action, bit] : StatusLineActions) action->setChecked((t.StatusLines & bit) != 0);
+    for (int check = 1; check <= 5; ++check) {
+        CheckActions[At(check - 1)]->setText(
+            QStringLiteral("&%1   $%2").arg(check).arg(Words(FormatCommas(t.CheckDenominations[At(check)]))));
+    }
+    ShowStatus();
+    if (!t.HyperDriveActive) Strip->Refresh();
     View->RefreshTable();
     if (Pad != nullptr) {
         Pad->ShowLastRoll();
@@ -511,7 +621,20 @@ void MainWindow::Refresh() {
     }
 }
 
+/// The bet under the mouse or the keyboard's frame, or what is waited for.
+void MainWindow::ShowStatus() {
+    const Table& t = Played->T();
+    if (t.HyperDriveActive) return;
+    const int row = RowOfHotSpot(t, MouseOver);
+    const QString pending = QString::fromLatin1(Hand->PendingText());
+    StatusText->setText(!pending.isEmpty() || row == 0 ? pending : BetText(t, row, *Advantages));
+}
+
 void MainWindow::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape && Played->T().AutoRollActive) {
+        GuardCommand(Played->T());
+        return Refresh();
+    }
     if (event->key() == Qt::Key_Escape && Hand->Pending != PendingAction::Bet) {
         Hand->Pending = PendingAction::Bet;
         Refresh();

@@ -1,7 +1,10 @@
 // The main window: the table, its menu bar and the status line.
 #pragma once
 
+#include <QElapsedTimer>
 #include <QMainWindow>
+#include <array>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -57,6 +60,8 @@ class MainWindow : public QMainWindow {
     void MakeActionMenu();
     void MakeViewMenu();
     void MakeHelpMenu();
+    void MakeCursorEntries(QMenu& menu);
+    void MakeStatusLines(QMenu& menu);
     void ConnectScreen();
     void MakeTable();
     void ConnectTable();
@@ -68,6 +73,10 @@ class MainWindow : public QMainWindow {
     void MoveOver(int value);
     void StepView(ViewStep step, int modifier);
     void ShowThrow();
+    void StepBettor(int step);
+    void FollowRun(bool running, bool hyperDrive);
+    void ShowProgress();
+    void ShowStatus();
 
     void StartNewSession();
     void OpenAnotherGame();
@@ -98,6 +107,11 @@ class MainWindow : public QMainWindow {
     MoveWindow* Mover = nullptr;
     QGridLayout* Arrangement = nullptr;
     int MouseOver = 0;
+    bool KeyInNext = false;    ///< the press under way opens the amount box
+    std::int64_t RunFrom = 0;  ///< rolls of the session when the Hyper-Drive began
+    QElapsedTimer RunClock, SinceProgress;
+    std::array<QAction*, 5> CheckActions{};
+    std::vector<std::pair<QAction*, std::int32_t>> StatusLineActions;
     QAction* RunAction = nullptr;
     std::vector<std::pair<QAction*, bool Table::*>> Switches;
     QLabel* StatusText = nullptr;

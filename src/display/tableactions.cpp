@@ -95,7 +95,7 @@ bool TableActions::ApplyPending(int row) {
     return true;
 }
 
-int TableActions::PressLeft(int value) {
+int TableActions::PressLeft(int value, bool keyIn) {
     if (GuardCommand(T)) return 0;
     if (Pending == PendingAction::MovePlayer) {
         if (IsRail(value)) FinishMove(RailPosition(value));
@@ -113,7 +113,7 @@ int TableActions::PressLeft(int value) {
         return 0;
     }
     if (ApplyPending(row) || !HasBettor()) return 0;
-    if (T.KeyInMode) return row;
+    if (keyIn) return row;
     AddCheck(row, false);
     return 0;
 }

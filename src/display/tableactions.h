@@ -38,8 +38,10 @@ class TableActions {
     /// Words of the status line while something is pending; empty for plain betting.
     const char* PendingText() const;
 
-    /// A left press on `value` (what HotSpotAt gives). Returns the row for which the amount box must open, or 0.
-    int PressLeft(int value);
+    /// A left press on `value` (what HotSpotAt gives). Returns the row for which the amount box must open, or 0; with
+    /// `keyIn` a bet's row comes back instead of a check being added.
+    int PressLeft(int value, bool keyIn);
+    int PressLeft(int value) { return PressLeft(value, T.KeyInMode); }
     /// A right press: takes a check off a bet. False when it wasn't on a bet: then the dice are to be rolled.
     bool PressRight(int value);
 

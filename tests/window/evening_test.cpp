@@ -1,87 +1,20 @@
 // An evening at the main window, with the mouse and the keyboard of a person.
 #include <gtest/gtest.h>
 
-#include <QLabel>
-#include <QLineEdit>
-#include <QMenuBar>
+#include <QMenu>
 #include <QPushButton>
 
 #include "display/amountbox.h"
-#include "display/felt/feltlayout.h"
-#include "display/felt/felttransform.h"
-#include "display/felt/feltview.h"
-#include "display/game.h"
-#include "display/mainwindow.h"
 #include "display/rollpad.h"
 #include "display/windowplaces.h"
 #include "stats/accumulators.h"
-#include "support/temporaryfolder.h"
 #include "table/placement.h"
 #include "table/players.h"
 #include "table/rolldice.h"
-#include "window/windows.h"
+#include "window/evening.h"
 
 namespace tarnwick {
 namespace {
-
-struct EveningTest : testing::Test {
-    testsupport::TemporaryFolder Folder;
-    MainWindow Window{Folder.Path("")};
-    Table& T = Window.CurrentGame().T();
-
-    void SetUp() override {
-        Window.resize(1280, 760);
-        Window.show();
-        Window.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&Window));
-        T.DiceAction = 1;  // no animation to wait for
-        T.ShooterBetRequirement = 0;
-    }
-    void TearDown() override { T.AutoRollActive = T.HyperDriveActive = false; }
-
-    QPoint Pixel(QPointF felt) const {
-        const QPoint inView = TableToScreen(T, felt);
-        return Window.findChild<QWidget*>("picLayout")->mapTo(&Window, inView);
-    }
-    void ClickAt(QPointF felt, Qt::MouseButton button = Qt::LeftButton) {
-        QTest::mouseClick(Window.windowHandle(), button, {}, Pixel(felt));
-    }
-    /// Clicks into the first box of `row`.
-    void ClickBet(int row, Qt::MouseButton button = Qt::LeftButton) {
-        for (const FeltRegion& region : TheFelt().Regions) {
-            if (region.BetRow == row && IsShown(T, region.Option)) return ClickAt(region.Seed, button);
-        }
-        FAIL() << "no box for row " << row;
-    }
-    void Seat(int p, const char* name) {
-        DialogDriver driver({[](QDialog& d) { QTest::keyClick(d.windowHandle(), Qt::Key_Return); },
-                             [name](QDialog& d) {
-                                 Type(d, QString::fromLatin1(name));
-                                 QTest::keyClick(d.windowHandle(), Qt::Key_Return);
-                             },
-                             [](QDialog& d) {
-                                 Type(d, "1000");
-                                 QTest::keyClick(d.windowHandle(), Qt::Key_Return);
-                             }});
-        ClickAt(TheFelt().Seats[static_cast<std::size_t>(p)].NameCentre);
-        EXPECT_EQ(driver.Left(), 0u);
-        ASSERT_EQ(T.PlayerName[static_cast<std::size_t>(p)], name);
-    }
-    /// A key at the main window, which a window manager would have made active again after a dialog.
-    void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
-        Window.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&Window));
-        QTest::keyClick(Window.windowHandle(), key, modifiers);
-    }
-    QString Status() const { return Window.findChild<QLabel*>("lblStatus")->text(); }
-    QAction* MenuEntry(const QString& caption) {
-        for (QAction* action : Window.findChildren<QAction*>()) {
-            if (action->text() == caption) return action;
-        }
-        ADD_FAILURE() << "no menu entry " << caption.toStdString();
-        return nullptr;
-    }
-};
 
 TEST_F(EveningTest, APlayerSitsDownBetsAndRolls) {
     Seat(3, "Ann");
@@ -223,27 +156,6 @@ TEST(WindowPlacesTest, EveryWindowComesOntoTheScreen) {
         {{90000, 90000, 300, 200}, {500, 400, 300, 200}},
     };
     for (const auto& [place, expected] : cases) EXPECT_EQ(WithinScreen(place, screen), expected);
-}
-
-TEST_F(EveningTest, ARunGoesOnUntilItIsStopped) {
-    Seat(8, "Ann");
-    T.WinnerHandling[8] = T.LoserHandling[8] = 1;
-    T.HyperThrottle = 0;
-    QTimer::singleShot(60, &Window, [this] { Window.ToggleRun(); });
-    Window.ToggleRun();
-    EXPECT_FALSE(T.AutoRollActive);
-    EXPECT_GT(SessionRolls(T), 100);
-
-    // A press on the table asks first; Yes stops the run, and the press does nothing else.
-    QTimer::singleShot(40, &Window, [this] { ClickBet(Row::Field); });
-    DialogDriver driver({[](QDialog& d) {
-        EXPECT_EQ(d.windowTitle(), "Hyper-Drive Active");
-        QTest::keyClick(d.windowHandle(), Qt::Key_Return);
-    }});
-    Window.ToggleRun();
-    EXPECT_FALSE(T.AutoRollActive);
-    EXPECT_EQ(driver.Left(), 0u);
-    EXPECT_TRUE(IsZero(T.BetAmount(8, Row::Field)));
 }
 
 }  // namespace

@@ -25,6 +25,10 @@ class FeltView : public QWidget {
     void RefreshBet(int p, int row);
     /// Shows the dice at `moment` 0..1 of a throw, at once. 1 leaves them at rest.
     void ShowThrow(double moment);
+    /// Keeps the present picture on the screen, under `words`, until Thaw: nothing else is drawn meanwhile.
+    void Freeze(const QString& words);
+    void Thaw();
+    bool IsFrozen() const { return !Frozen.isNull(); }
     /// Draws the felt sharply now, where a stretched picture of it is shown.
     void Sharpen();
 
@@ -43,6 +47,11 @@ class FeltView : public QWidget {
     /// The last adjusted value under the mouse.
     int HotSpotUnderMouse() const { return UnderMouse; }
 
+    /// The adjusted value of the box that the arrow keys chose, 0 for none.
+    int CursorValue() const;
+    /// Presses that box as the mouse would.
+    void PressCursor(Qt::MouseButton button);
+
     QSize sizeHint() const override { return {1248, 560}; }
     QSize minimumSizeHint() const override { return {320, 160}; }
 
@@ -52,6 +61,9 @@ class FeltView : public QWidget {
     void hotSpotMoved(int value);
     void dicePressed(Qt::MouseButton button, Qt::KeyboardModifiers modifiers);
     void mouseLeft();
+    /// A press, not a drag, on the status box near player p.
+    void boxPressed(int p);
+    void zoomWanted(bool in, Qt::KeyboardModifiers modifiers);
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -59,10 +71,20 @@ class FeltView : public QWidget {
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void leaveEvent(QEvent* event) override;
 
   private:
+    void PaintAll(QPainter& painter);
+    void PaintCursor(QPainter& painter);
+    void PaintWords(QPainter& painter);
     void PaintBackground(QPainter& painter);
+    /// Position 1..8 whose status box stands near it under a pixel, or 0.
+    int BoxAt(QPoint pixel) const;
+    void DragBox(QPoint pixel);
+    void MoveCursor(Qt::Key arrow);
     void PaintStretched(QPainter& painter, const FeltKey& key);
     void StepRing();
     void FollowRingTimer();
@@ -80,6 +102,12 @@ class FeltView : public QWidget {
     FeltKey Mapped;  ///< of Map
     QPoint Pressed;
     int UnderMouse = 0;
+    int CursorId = 0;  ///< of the keyboard's box, 0 none
+    QPixmap Frozen;
+    QString FrozenWords;
+    int HeldBox = 0;  ///< player whose status box the mouse holds
+    QPoint HeldAt;    ///< in that box
+    bool BoxMoved = false;
 };
 
 }  // namespace tarnwick

@@ -1,0 +1,63 @@
+// An unattended run in the main window beside the same run without one: the speed that the desktop keeps.
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <QTemporaryDir>
+#include <memory>
+
+#include "dice/dice.h"
+#include "display/game.h"
+#include "display/mainwindow.h"
+#include "stats/accumulators.h"
+#include "table/placement.h"
+#include "table/players.h"
+#include "table/rundriver.h"
+#include "table/screen.h"
+#include "table/session.h"
+
+namespace {
+
+using namespace tarnwick;
+
+constexpr std::int64_t Rolls = 5'000'000;
+
+/// A Pass Line player who goes on with the same bet, for a run of Rolls rolls.
+void PrepareRun(Table& t) {
+    if (t.PlayerCount == 0) AddPlayer(t, 3, "Ann", Dollars(1000));
+    t.ActivePlayer = 3;
+    t.AllowNegativeBankroll[3] = true;
+    t.WinnerHandling[3] = t.LoserHandling[3] = 2;
+    t.HyperThrottle = 0;
+    SeedEverything(t, 7);
+    PlaceBet(t, 3, Row::PassLine, Dollars(5));
+    t.RunUntilRoll = SessionRolls(t) + Rolls;
+}
+
+void RunWithoutAWindow(benchmark::State& state) {
+    SilentScreen front;
+    const auto table = std::make_unique<Table>();
+    SubMain(*table, &front);
+    for (auto _ : state) {
+        PrepareRun(*table);
+        ToggleAutoRoll(*table);
+    }
+    state.SetItemsProcessed(state.iterations() * Rolls);
+}
+BENCHMARK(RunWithoutAWindow)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void RunInTheMainWindow(benchmark::State& state) {
+    const QTemporaryDir folder;
+    MainWindow window(folder.path().toStdString());
+    window.resize(1280, 760);
+    window.show();
+    QCoreApplication::processEvents();
+    Table& t = window.CurrentGame().T();
+    for (auto _ : state) {
+        PrepareRun(t);
+        window.ToggleRun();
+    }
+    state.SetItemsProcessed(state.iterations() * Rolls);
+}
+BENCHMARK(RunInTheMainWindow)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+}  // namespace
