@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -218,6 +219,31 @@ QString FieldPaysText(const PayoffEntry& payoff) {
     return QString::fromStdString(PlainAmount(times)) + QStringLiteral(" Times");
 }
 
+/// Draws what is printed on the felt into rows `first` and on of the picture, `rows` of them.
+void PaintBand(QImage& image, int first, int rows, const Table& t, const QTransform& toPixels) {
+    const auto stride = static_cast<std::size_t>(image.bytesPerLine());
+    QImage band(image.bits() + static_cast<std::size_t>(first) * stride, image.width(), rows, image.bytesPerLine(),
+                image.format());
+    const QTransform toBand = toPixels * QTransform::fromTranslate(0, -first);
+    QPainter painter(&band);
+    painter.setRenderHint(QPainter::Antialiasing);
+    PaintLines(painter, t, toBand);
+    PaintLabels(painter, t, toBand);
+    PaintPrintedDice(painter, t, toBand);
+}
+
+/// Half of it by another thread, where the picture is large enough to be worth one.
+void PaintPrint(QImage& image, const Table& t, const QTransform& toPixels) {
+    const int height = image.height();
+    const bool large = static_cast<long>(image.width()) * height > 200'000 && std::thread::hardware_concurrency() > 1;
+    if (!large) return PaintBand(image, 0, height, t, toPixels);
+    image.bits();  // detached before the threads share it
+    const int upper = height / 2;
+    std::thread other([&] { PaintBand(image, upper, height - upper, t, toPixels); });
+    PaintBand(image, 0, upper, t, toPixels);
+    other.join();
+}
+
 }  // namespace
 
 FeltKey FeltKeyOf(const Table& t, QSize size, double pixelRatio) {
@@ -243,12 +269,7 @@ QImage PaintFelt(const Table& t, QSize size, double pixelRatio) {
     const SurfaceColors colors{FeltColor(t, ColorIndex::Felt), FeltColor(t, ColorIndex::RailInside),
                                FeltColor(t, ColorIndex::RailOutside), FeltColor(t, ColorIndex::Floor)};
     ShadeSurface(image, toPixels, colors, t.SpotlightLevel, t.TexturePicture);
-    QPainter painter(&image);
-    painter.setRenderHint(QPainter::Antialiasing);
-    PaintLines(painter, t, toPixels);
-    PaintLabels(painter, t, toPixels);
-    PaintPrintedDice(painter, t, toPixels);
-    painter.end();
+    PaintPrint(image, t, toPixels);
     image.setDevicePixelRatio(pixelRatio);
     return image;
 }

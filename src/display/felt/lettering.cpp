@@ -2,6 +2,8 @@
 
 #include <QFont>
 #include <QHash>
+#include <QMutex>
+#include <QMutexLocker>
 #include <QPair>
 #include <QStringList>
 #include <QTransform>
@@ -29,9 +31,11 @@ QPainterPath Drawn(const QString& text, Typeface face) {
     return path;
 }
 
-/// The text at its drawn size; the felt uses the same two hundred texts again and again.
-const QPainterPath& Remembered(const QString& text, Typeface face) {
+/// The text at its drawn size; the felt uses the same two hundred texts again and again, from two threads.
+QPainterPath Remembered(const QString& text, Typeface face) {
+    static QMutex oneAtATime;
     static QHash<QPair<QString, int>, QPainterPath> known;
+    const QMutexLocker locker(&oneAtATime);
     if (known.size() > 2000) known.clear();
     const auto key = qMakePair(text, static_cast<int>(face));
     auto found = known.find(key);
@@ -46,7 +50,7 @@ QPainterPath Lettering(const QString& text, Typeface face, double capHeight, QPo
     static const double capitals[] = {Drawn(QStringLiteral("H"), Typeface::Serif).boundingRect().height(),
                                       Drawn(QStringLiteral("H"), Typeface::Sans).boundingRect().height()};
     const double drawnCap = capitals[static_cast<int>(face)];
-    const QPainterPath& drawn = Remembered(text, face);
+    const QPainterPath drawn = Remembered(text, face);
     const QRectF box = drawn.boundingRect();
     if (drawn.isEmpty() || drawnCap <= 0 || box.width() <= 0) return {};
     const double tall = capHeight / drawnCap;
