@@ -7,6 +7,8 @@ namespace tarnwick {
 
 struct BetLimits {
     currency MinPlacardBet, MinPlacardPropBet, MaxPlacardBet;
+
+    bool operator==(const BetLimits&) const = default;
 };
 
 /// Sets all three at once. When they can't stand together, or not with the smallest check, nothing changes and the
