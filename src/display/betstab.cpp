@@ -3,6 +3,7 @@
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFocusEvent>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
@@ -11,6 +12,8 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <functional>
 
 #include "config/betlimits.h"
 #include "config/settingtable.h"
@@ -27,6 +30,19 @@ constexpr const char* LimitsTitle = "Configuration Limits";
 constexpr const char* ChangeTitle = "Configuration";
 
 QString Latin(const char* text) { return QString::fromLatin1(text); }
+
+/// Tells whenever the focus goes elsewhere in the window, also when nothing was typed since it last did.
+class FieldBox final : public QLineEdit {
+  public:
+    std::function<void()> Left;
+
+  protected:
+    void focusOutEvent(QFocusEvent* event) override {
+        QLineEdit::focusOutEvent(event);
+        const Qt::FocusReason reason = event->reason();
+        if (Left && reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason) Left();
+    }
+};
 
 /// One line of a form: caption, field, and what stands behind it.
 void AddLine(QGridLayout& grid, const char* caption, QLineEdit* box, const char* behind = nullptr) {
@@ -60,13 +76,13 @@ BetsTab::BetsTab(Table& t, QWidget* parent) : ConfigTab(t, parent) {
 
 // A field that loses the focus because the window goes has nobody left to take what was typed.
 BetsTab::~BetsTab() {
-    for (const Field& field : Fields) disconnect(field.Box, nullptr, this, nullptr);
+    for (const Field& field : Fields) static_cast<FieldBox*>(field.Box)->Left = nullptr;
 }
 
 // --- making the controls ---
 
 QLineEdit* BetsTab::AddField(const char* setting, const char* name, Kind kind) {
-    auto* box = new QLineEdit;
+    auto* box = new FieldBox;
     box->setObjectName(Latin(setting));
     box->setAlignment(Qt::AlignRight);
     box->setMaxLength(24);
@@ -75,7 +91,8 @@ QLineEdit* BetsTab::AddField(const char* setting, const char* name, Kind kind) {
     box->setFixedWidth(kind == Kind::Multiple || kind == Kind::Percent || kind == Kind::FireLimit ? narrow : wide);
     const std::size_t at = Fields.size();
     Fields.push_back({box, setting, name, kind});
-    connect(box, &QLineEdit::editingFinished, this, [this, at] { Commit(Fields[at]); });
+    box->Left = [this, at] { Commit(Fields[at]); };
+    connect(box, &QLineEdit::returnPressed, this, [this, at] { Commit(Fields[at]); });
     return box;
 }
 
