@@ -32,6 +32,10 @@ class NumberDelegate final : public QStyledItemDelegate {
         auto* editor = new QLineEdit(parent);
         editor->setObjectName(QStringLiteral("txtPayoff"));
         editor->setFrame(false);
+        QPalette typing = editor->palette();
+        typing.setColor(QPalette::Base, typing.color(QPalette::ToolTipBase));
+        typing.setColor(QPalette::Text, typing.color(QPalette::ToolTipText));
+        editor->setPalette(typing);
         editor->setMaxLength(24);
         editor->setAlignment(Qt::Alignment(index.data(Qt::TextAlignmentRole).toInt()));
         View.Editor = editor;
@@ -110,7 +114,7 @@ QVariant PayoffModel::data(const QModelIndex& index, int role) const {
         bold.setBold(true);
         return bold;
     }
-    if (role == Qt::BackgroundRole && heading) return QGuiApplication::palette().brush(QPalette::Midlight);
+    if (role == Qt::BackgroundRole && heading) return QGuiApplication::palette().color(QPalette::Window).darker(106);
     if (role == Qt::ToolTipRole && line.Fixed) return tr("Without a point made the Fire bet always loses.");
     if (role != Qt::DisplayRole && role != Qt::EditRole) return {};
     if (index.column() == Name) return Words(line.Label);
