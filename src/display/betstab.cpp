@@ -300,6 +300,10 @@ void BetsTab::ShowField(const Field& field) {
 }
 
 void BetsTab::ShowFireLimit() {
+    // What was typed there goes with it.
+    for (const Field& field : Fields) {
+        if (field.Box == FireBox && !T.UseFireBet) ShowField(field);
+    }
     FireLabel->setVisible(T.UseFireBet);
     FireBox->setVisible(T.UseFireBet);
 }
@@ -407,7 +411,6 @@ SettingFault BetsTab::TakeLimits() {
 
 bool BetsTab::MayLeave() {
     for (const Field& field : Fields) {
-        if (field.Is == Kind::FireLimit && !T.UseFireBet) continue;
         if (!Commit(field)) return false;
     }
     const SettingFault fault = TakeLimits();

@@ -240,6 +240,15 @@ TEST_F(BetsTabTest, TheMaximumOfTheFireBetShowsWithIt) {
         EXPECT_EQ(T.UseFireBet, on);
         EXPECT_EQ(box->isVisible(), on);
     }
+    // A wrong number in it is told, and goes with it.
+    Enter(*box, "0");
+    Click(*Child<QCheckBox>(tab, "UseFireBet"));
+    EXPECT_EQ(Told(), "Max Fire Bet: The max Fire bet must be greater than zero.\n");
+    EXPECT_FALSE(T.UseFireBet);
+    EXPECT_TRUE(tab.MayLeave());
+    Click(*Child<QCheckBox>(tab, "UseFireBet"));
+    EXPECT_EQ(box->text(), "5");
+    EXPECT_EQ(Told(), "");
 }
 
 TEST_F(BetsTabTest, SwitchingOffABetThatStandsAsksFirst) {

@@ -241,6 +241,7 @@ TEST_F(PayoffsTabTest, RefusedCellsKeepTheirValue) {
             EXPECT_EQ(CurrentLine(tab), c.Line) << "the refused cell stays current";
             EXPECT_EQ(Grid(tab).currentIndex().column(), c.Column);
             EXPECT_TRUE(Grid(tab).hasFocus());
+            EXPECT_EQ(Grid(tab).Editor, nullptr) << "Tab doesn't go on from it";
             EXPECT_TRUE(tab.MayLeave());
         }
         // A click elsewhere ends the typing too.
