@@ -1,6 +1,7 @@
 #include "config/payofflines.h"
 
 #include <algorithm>
+#include <array>
 
 #include "config/advantagelines.h"
 #include "config/payoffs.h"

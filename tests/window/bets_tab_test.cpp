@@ -10,8 +10,10 @@
 #include "config/configure.h"
 #include "config/payoffs.h"
 #include "display/betstab.h"
+#include "display/desktopscreen.h"
 #include "display/words.h"
 #include "window/configtabs.h"
+#include "window/windows.h"
 
 namespace tarnwick {
 namespace {
@@ -122,6 +124,39 @@ TEST_F(BetsTabTest, AFieldThatIsNoNumberKeepsItsTextAndTheFocus) {
         tab.ShowSettings();
         EXPECT_TRUE(tab.MayLeave());
     }
+}
+
+// With windows that really open, a wrong field is told once.
+TEST_F(BetsTabTest, ARealMessageOpensOnce) {
+    BetsTab tab(T);
+    DesktopScreen desktop(T, &tab);
+    T.Front = &desktop;
+    Open(tab);
+    auto* box = Child<QLineEdit>(tab, "MaxOddsBet");
+    for (const char* ending : {"tab", "enter", "field", "leave"}) {
+        Enter(*box, "1z");
+        int opened = 0;
+        const DialogDriver::Step close = [&opened](QDialog& dialog) {
+            ++opened;
+            QTest::keyClick(dialog.windowHandle(), Qt::Key_Return);
+        };
+        DialogDriver driver({close, close, close});
+        const std::string_view how = ending;
+        if (how == "field") {
+            Click(*Child<QLineEdit>(tab, "MinPlacardBet"));
+        } else if (how == "leave") {
+            EXPECT_FALSE(tab.MayLeave());
+        } else {
+            PressKey(tab, how == "tab" ? Qt::Key_Tab : Qt::Key_Return);
+        }
+        QTest::qWait(30);
+        tab.activateWindow();  // which a window manager does
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&tab));
+        EXPECT_EQ(opened, 1) << ending;
+        EXPECT_TRUE(box->hasFocus()) << ending;
+        EXPECT_EQ(box->text(), "1z");
+    }
+    T.Front = &Front;
 }
 
 TEST_F(BetsTabTest, LimitsThatDontFitTogetherHoldTheTab) {

@@ -8,10 +8,12 @@
 #include "config/configure.h"
 #include "config/fieldpayoffs.h"
 #include "config/payoffs.h"
+#include "display/desktopscreen.h"
 #include "display/payoffgrid.h"
 #include "display/payoffstab.h"
 #include "display/words.h"
 #include "window/configtabs.h"
+#include "window/windows.h"
 
 namespace tarnwick {
 namespace {
@@ -426,6 +428,39 @@ TEST_F(PayoffsTabTest, TheListKeepsItsPlaceInTheGame) {
     T.PayoffsScroll = 3;  // another game is opened
     tab.ShowSettings();
     EXPECT_EQ(Grid(tab).verticalScrollBar()->value(), 3);
+}
+
+// With windows that really open, each wrong entry is told once, however it was left.
+TEST_F(PayoffsTabTest, ARealMessageOpensOnce) {
+    PayoffsTab tab(T);
+    DesktopScreen desktop(T, &tab);
+    T.Front = &desktop;
+    Open(tab);
+    for (const char* ending : {"\n", "\t", "click", "leave"}) {
+        ClickCell(tab, "Place 6");
+        Keys(tab, "1z");
+        int opened = 0;
+        const DialogDriver::Step close = [&opened](QDialog& dialog) {
+            ++opened;
+            QTest::keyClick(dialog.windowHandle(), Qt::Key_Return);
+        };
+        DialogDriver driver({close, close, close});
+        if (std::string_view(ending) == "click") {
+            ClickCell(tab, "Place 9", PayoffModel::Second);
+        } else if (std::string_view(ending) == "leave") {
+            EXPECT_FALSE(tab.MayLeave());
+        } else {
+            Keys(tab, QString::fromLatin1(ending));
+        }
+        QTest::qWait(30);
+        tab.activateWindow();  // which a window manager does
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&tab));
+        EXPECT_EQ(opened, 1) << ending;
+        EXPECT_EQ(Grid(tab).Editor, nullptr);
+        EXPECT_EQ(Shown(tab, "Place 6"), "7 to 6");
+        EXPECT_TRUE(Grid(tab).hasFocus());
+    }
+    T.Front = &Front;
 }
 
 // The window may go while a wrong number is being typed.
