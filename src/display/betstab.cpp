@@ -279,7 +279,12 @@ void BetsTab::ShowSettings() {
 
 void BetsTab::ShowChoices() {
     for (const Check& check : Checks) check.Box->setChecked(SettingText(T, check.Setting) == "true");
-    for (const Option& option : Options) option.Button->setChecked(SettingText(T, option.Setting) == option.Value);
+    for (const Option& option : Options) {
+        const bool chosen = SettingText(T, option.Setting) == option.Value;
+        option.Button->setChecked(chosen);
+        // Tab goes to the chosen option of a group, and the arrows go on from there.
+        option.Button->setFocusPolicy(chosen ? Qt::StrongFocus : Qt::ClickFocus);
+    }
     for (const List& list : Lists) {
         list.Box->setCurrentIndex(ParseInteger(SettingText(T, list.Setting)).value_or(0));
     }
@@ -394,18 +399,20 @@ bool BetsTab::Take(const Field& field, currency value) {
 }
 
 SettingFault BetsTab::TakeLimits() {
-    BetLimits limits{T.MinPlacardBet, T.MinPlacardPropBet, T.MaxPlacardBet};
+    const BetLimits before{T.MinPlacardBet, T.MinPlacardPropBet, T.MaxPlacardBet};
+    BetLimits limits = before;
     currency* const values[] = {&limits.MinPlacardBet, &limits.MinPlacardPropBet, &limits.MaxPlacardBet};
+    std::vector<const Field*> taken;
     for (std::size_t i = 0; i < std::size(values); ++i) {
-        *values[i] = ParseAmount(Utf8(Fields[i].Box->text())).value_or(*values[i]);
+        const auto typed = ParseAmount(Utf8(Fields[i].Box->text()));
+        if (!Fields[i].Box->isModified() || !typed) continue;
+        *values[i] = *typed;
+        taken.push_back(&Fields[i]);
     }
-    const bool changed = !(limits == BetLimits{T.MinPlacardBet, T.MinPlacardPropBet, T.MaxPlacardBet});
     SettingFault fault = SetBetLimits(T, limits);
     if (!fault.Text.empty()) return fault;
-    for (std::size_t i = 0; i < std::size(values); ++i) {
-        if (ParseAmount(Utf8(Fields[i].Box->text()))) ShowField(Fields[i]);
-    }
-    if (changed) emit settingsChanged();
+    for (const Field* field : taken) ShowField(*field);
+    if (!(limits == before)) emit settingsChanged();
     return fault;
 }
 

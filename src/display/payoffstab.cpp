@@ -149,6 +149,7 @@ bool PayoffsTab::MayLeave() {
     const PayoffLineFault found = FirstPayoffFault(T);
     if (found.Fault.Text.empty()) return true;
     ShowNote(T, found.Fault.Title, found.Fault.Text, MsgButton::OkStop);
+    if (!isVisible()) T.PayoffsScroll = std::max(0, found.Line - 3);  // where the list will open
     Grid->GoTo(found.Line);
     Grid->setFocus();
     return false;

@@ -223,6 +223,50 @@ TEST_F(BetsTabTest, FaultsThatWereThereBeforeAreTold) {
     EXPECT_TRUE(tab.MayLeave()) << "without the Fire bet its maximum doesn't matter";
 }
 
+TEST_F(BetsTabTest, TabReachesEveryControl) {
+    BetsTab tab(T);
+    Open(tab);
+    Child<QListWidget>(tab, "ComeOutWorking")->selectAll();  // which lets the buttons act
+    std::vector<std::string> reached;
+    for (int i = 0; i < 40; ++i) {
+        PressKey(tab, Qt::Key_Tab);
+        reached.push_back(Utf8(tab.focusWidget()->objectName()));
+    }
+    EXPECT_THAT(reached, testing::IsSupersetOf({"MinPlacardBet",
+                                                "MinPlacardPropBet",
+                                                "MaxPlacardBet",
+                                                "MaxPropBetPayoff",
+                                                "MaxOddsBet",
+                                                "OddsAllowed410",
+                                                "OddsAllowed59",
+                                                "OddsAllowed68",
+                                                "OddsCalcMethod",
+                                                "ShooterBetRequirement",
+                                                "BarDont_12",
+                                                "AllowPutBets",
+                                                "ReturnAbandonedBets",
+                                                "UseBig68",
+                                                "UseSpecialPropBets",
+                                                "UseMidwayBet",
+                                                "UseFireBet",
+                                                "MaxFireBet",
+                                                "LayVigRate",
+                                                "LayVigOnAllBets_true",
+                                                "LayVigRounding",
+                                                "BuyVigRate",
+                                                "BuyVigOnAllBets_true",
+                                                "BuyVigRounding",
+                                                "ComeOutWorking",
+                                                "cmdSelectAll",
+                                                "cmdYes",
+                                                "cmdDefault",
+                                                "cmdNo"}));
+    auto* chosen = Child<QRadioButton>(tab, "BarDont_12");
+    chosen->setFocus();
+    PressKey(tab, Qt::Key_Left);
+    EXPECT_EQ(T.BarDont, 2) << "arrows go on to the other option";
+}
+
 TEST_F(BetsTabTest, ChoicesTakeEffectAtOnce) {
     BetsTab tab(T);
     Open(tab);

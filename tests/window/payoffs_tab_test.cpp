@@ -430,6 +430,21 @@ TEST_F(PayoffsTabTest, TheListKeepsItsPlaceInTheGame) {
     EXPECT_EQ(Grid(tab).verticalScrollBar()->value(), 3);
 }
 
+// The window asks tabs that aren't on show too, before it closes.
+TEST_F(PayoffsTabTest, AFaultOfAHiddenTabIsInSightWhenItShows) {
+    PayoffsTab tab(T);
+    EXPECT_TRUE(tab.MayLeave());
+    T.FirePayoff[5] = *ParsePayoff("-3 to 1");
+    EXPECT_FALSE(tab.MayLeave());
+    EXPECT_THAT(Told(), HasSubstr("Fire bet payoff"));
+    tab.ShowSettings();
+    Open(tab);
+    QTest::qWait(1);
+    PayoffView& grid = Grid(tab);
+    EXPECT_EQ(CurrentLine(tab), "Fire -- 5 points");
+    EXPECT_TRUE(grid.viewport()->rect().contains(grid.visualRect(grid.currentIndex())));
+}
+
 // With windows that really open, each wrong entry is told once, however it was left.
 TEST_F(PayoffsTabTest, ARealMessageOpensOnce) {
     PayoffsTab tab(T);
