@@ -26,6 +26,7 @@
 #include "display/movewindow.h"
 #include "display/newsessiondialog.h"
 #include "display/rollpad.h"
+#include "display/soundplayer.h"
 #include "display/windowplaces.h"
 #include "display/words.h"
 #include "files/gamefile.h"
@@ -58,6 +59,8 @@ MainWindow::MainWindow(const std::string& userFolder, const std::string& given)
     Front = new DesktopScreen(Played->T(), this);
     Played->Start(*Front, given);
     Hand = std::make_unique<TableActions>(Played->T());
+    Sounds = new SoundPlayer(Played->T(), Played->Sounds(), MakeSpeakers(), this);
+    Sounds->Listen(*Front);  // before the throw is drawn
     StatusText = new QLabel;
     StatusText->setObjectName(QStringLiteral("lblStatus"));
     statusBar()->addWidget(StatusText, 1);
