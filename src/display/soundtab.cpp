@@ -93,6 +93,7 @@ QWidget* SoundTab::MakeVolume() {
     Volume->setRange(0, 100);
     Volume->setPageStep(10);
     Volume->setSingleStep(2);
+    Volume->setInvertedControls(false);  // to the left and down is softer, by keys and wheel too
     caption->setBuddy(Volume);
     Level = new QLabel;
     Level->setMinimumWidth(Level->fontMetrics().horizontalAdvance(QStringLiteral("100 %")));
