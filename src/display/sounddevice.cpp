@@ -1,16 +1,15 @@
 #include "display/sounddevice.h"
 
 #include <QAudioDevice>
-#include <QCoreApplication>
 #include <QElapsedTimer>
-#include <QEvent>
-#include <QEventLoop>
 #include <QMediaDevices>
 #include <QQueue>
 #include <QSoundEffect>
 #include <QTimer>
 #include <QUrl>
 #include <array>
+
+#include "display/quietwait.h"
 
 namespace tarnwick {
 
@@ -24,16 +23,6 @@ constexpr qsizetype LongestQueue = 5;
 QUrl UrlOf(const QString& path) {
     return path.startsWith(QLatin1Char(':')) ? QUrl(QStringLiteral("qrc") + path) : QUrl::fromLocalFile(path);
 }
-
-/// Keeps the window from being closed in the middle of a roll.
-struct CloseFilter : QObject {
-    CloseFilter() { QCoreApplication::instance()->installEventFilter(this); }
-    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-        if (event->type() != QEvent::Close) return false;
-        event->ignore();
-        return true;
-    }
-};
 
 class Voice {
   public:
@@ -88,12 +77,7 @@ class Speakers : public SoundDevice {
     void PlayNext(SoundChannel channel, const QString& path, int milliseconds) override {
         VoiceOf(channel).PlayNext(path, milliseconds);
     }
-    void Wait(int milliseconds) override {
-        const CloseFilter staysOpen;
-        QEventLoop loop;
-        QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
-        loop.exec(QEventLoop::ExcludeUserInputEvents);
-    }
+    void Wait(int milliseconds) override { WaitQuietly(milliseconds); }
     void SetVolume(int percent) override {
         Volume = percent;
         for (const std::unique_ptr<Voice>& voice : Voices) {

@@ -33,7 +33,6 @@ SoundTab::SoundTab(Table& t, SoundPlayer& sounds, QWidget* parent) : ConfigTab(t
                                 &Settings::DisableAutoBetSounds);
     NoDevice = new QLabel(tr("This computer has no sound device that plays now."));
     NoDevice->setObjectName(QStringLiteral("lblNoDevice"));
-    NoDevice->setEnabled(false);
     auto* lists = new QHBoxLayout;
     lists->setSpacing(12);
     for (const SoundList list : AllSoundLists) lists->addWidget(MakeList(list), 1);
@@ -68,6 +67,7 @@ QWidget* SoundTab::MakeList(SoundList list) {
     names->setObjectName(QLatin1String(WordsOfLists[At(list)].Name));
     names->setAccessibleName(caption->text().remove(QLatin1Char('&')));
     names->setMinimumSize(110, 110);
+    names->setSpacing(1);
     names->setTextElideMode(Qt::ElideRight);
     names->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     caption->setBuddy(names);
