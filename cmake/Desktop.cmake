@@ -31,7 +31,7 @@ tarnwick_warnings(tarnwick_display)
 
 # Pictures, sounds and texts that the program carries inside itself, under their paths in assets/.
 file(GLOB_RECURSE carried CONFIGURE_DEPENDS
-     "${PROJECT_SOURCE_DIR}/assets/*.json" "${PROJECT_SOURCE_DIR}/assets/*.svg" "${PROJECT_SOURCE_DIR}/assets/*.wav")
+     "${PROJECT_SOURCE_DIR}/assets/*.json" "${PROJECT_SOURCE_DIR}/assets/*.svg" "${PROJECT_SOURCE_DIR}/assets/sounds/*")
 if(carried)
     qt_add_resources(tarnwick_display assets PREFIX / BASE "${PROJECT_SOURCE_DIR}/assets" FILES ${carried})
 endif()

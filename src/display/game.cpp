@@ -20,13 +20,20 @@ Game::~Game() {
 
 void Game::Start(Screen& front, const std::string& given) {
     SubMain(*State, &front);
+    Found = SoundLibrary(SoundFolders(Folder));
+    ChooseFirstSounds(*State, Found);
     State->Scripts = &ScriptsOf;
     State->Logs = &Logs;
     OpenGameAtStart(*State, given, Folder);
+    KeepSoundsWithin(*State, Found);
     State->GameFolder = Folder;
 }
 
-bool Game::Open(const std::string& path) { return OpenGame(*State, path, Folder); }
+bool Game::Open(const std::string& path) {
+    const bool opened = OpenGame(*State, path, Folder);
+    KeepSoundsWithin(*State, Found);
+    return opened;
+}
 
 bool Game::Save(const std::string& path) { return SaveGame(*State, path, Folder); }
 

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "autobet/autobets.h"
+#include "display/soundsets.h"
 #include "stats/tablelogs.h"
 #include "table/crapcnst.h"
 
@@ -30,12 +31,15 @@ class Game {
 
     Table& T() { return *State; }
     AutoBets& Scripts() { return ScriptsOf; }
+    /// Found at the start.
+    const SoundLibrary& Sounds() const { return Found; }
 
   private:
     std::unique_ptr<Table> State;
     AutoBets ScriptsOf;
     std::string Folder;
     TableLogs Logs;
+    SoundLibrary Found;
 };
 
 /// The user's folder by the environment.

@@ -10,7 +10,6 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QStatusBar>
-#include <QThread>
 #include <algorithm>
 
 #include "config/advantage.h"
@@ -25,7 +24,9 @@
 #include "display/game.h"
 #include "display/movewindow.h"
 #include "display/newsessiondialog.h"
+#include "display/quietwait.h"
 #include "display/rollpad.h"
+#include "display/soundplayer.h"
 #include "display/windowplaces.h"
 #include "display/words.h"
 #include "files/gamefile.h"
@@ -43,7 +44,7 @@ namespace tarnwick {
 namespace {
 
 constexpr qint64 ThrowMilliseconds = 450;
-constexpr unsigned long ThrowFrame = 14;
+constexpr int ThrowFrame = 14;
 constexpr qint64 ProgressInterval = 100;  ///< milliseconds between two looks at a Hyper-Drive
 
 std::size_t At(int i) { return static_cast<std::size_t>(i); }
@@ -58,6 +59,8 @@ MainWindow::MainWindow(const std::string& userFolder, const std::string& given)
     Front = new DesktopScreen(Played->T(), this);
     Played->Start(*Front, given);
     Hand = std::make_unique<TableActions>(Played->T());
+    Sounds = new SoundPlayer(Played->T(), Played->Sounds(), MakeSpeakers(), this);
+    Sounds->Listen(*Front);  // before the throw is drawn
     StatusText = new QLabel;
     StatusText->setObjectName(QStringLiteral("lblStatus"));
     statusBar()->addWidget(StatusText, 1);
@@ -444,7 +447,7 @@ void MainWindow::ShowThrow() {
     clock.start();
     for (qint64 passed = 0; passed < ThrowMilliseconds; passed = clock.elapsed()) {
         View->ShowThrow(static_cast<double>(passed) / static_cast<double>(ThrowMilliseconds));
-        QThread::msleep(ThrowFrame);
+        WaitQuietly(ThrowFrame);  // or the sound of the dice would halt
     }
     View->ShowThrow(1);
 }

@@ -26,6 +26,7 @@ class FeltView;
 class Game;
 class MoveWindow;
 class RollPad;
+class SoundPlayer;
 class StatusStrip;
 enum class ViewStep;
 
@@ -100,6 +101,7 @@ class MainWindow : public QMainWindow {
     std::unique_ptr<TableActions> Hand;
     std::unique_ptr<AdvantageCache> Advantages;
     DesktopScreen* Front = nullptr;
+    SoundPlayer* Sounds = nullptr;
     FeltView* View = nullptr;
     StatusStrip* Strip = nullptr;
     AmountBox* Amount = nullptr;

@@ -204,7 +204,7 @@ currency ReleaseVig(Table& t, const DecidedBet& bet) {
 void HandleWinner(Table& t, DecidedBet& bet) {
     const int standing = t.WinnerHandling[At(bet.Position)];
     if (!t.HyperDriveActive && t.Front != nullptr && !t.DisableAllSound && t.WinSoundIndex > 0) {
-        t.Front->PlaySound(SoundKind::Win, t.WinSoundIndex);
+        t.Front->PlaySound(standing == 0 ? SoundKind::AwaitedWin : SoundKind::Win, t.WinSoundIndex);
     }
     // The dialog shows the vig that the bet paid, so it is asked before the cell is cleared.
     const Order order = OrderFor(t, bet, standing);

@@ -75,7 +75,8 @@ struct SettleQuestion {
     std::vector<Choice> Choices;  ///< the first is what closing the dialog means
 };
 
-enum class SoundKind { StickCall, Check, Win, Limit };
+/// `AwaitedWin` is a win whose sound ends before the game goes on.
+enum class SoundKind { StickCall, Check, Win, AwaitedWin, Limit };
 
 struct Screen {
     virtual ~Screen() = default;
@@ -93,6 +94,7 @@ struct Screen {
     virtual void RefreshOpenWindows() {}
     /// A run began or ended (`hyperDrive` tells which kind).
     virtual void RunStateChanged(bool /*running*/, bool /*hyperDrive*/) {}
+    /// `number`: of the call 2..18; of checks and wins the set, as the setting counts; 0 of the limit.
     virtual void PlaySound(SoundKind /*kind*/, int /*number*/) {}
     /// Scripts begin to run outside Hyper-Drive: "Auto-Betting" or "Hot-Key".
     virtual void ShowStatus(std::string_view /*text*/) {}
