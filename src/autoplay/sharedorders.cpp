@@ -86,11 +86,7 @@ std::string OrdersHeading(const Table& t) {
     return "Settings for these " + std::to_string(count) + " selected players:";
 }
 
-bool MayChangeOrders(Table& t) {
-    const bool unattended = t.AutoRollActive;
-    if (!GuardCommand(t)) return true;
-    return unattended ? !t.AutoRollActive : t.ScriptStopRequested;
-}
+bool MayChangeOrders(Table& t) { return AskAboutRun(t) != RunAnswer::GoesOn; }
 
 void SetOrderFlag(Table& t, SeatMask players, OrderFlag flag, bool on) {
     ForEach(players, [&](int p) {

@@ -214,6 +214,7 @@ void AutoPlayWindow::AskForAmount(QLineEdit* box, int slot, const QString& text,
     if (!fault.empty()) {
         ShowNote(T, "Auto-Play", fault);
         if (box->isModified() && isVisible()) {
+            activateWindow();
             box->setFocus();
             box->selectAll();
         }
@@ -281,13 +282,14 @@ void AutoPlayWindow::ShowAutoPlayData() {
     const SeatMask players = OrderPlayers(T);
     for (QWidget* part : Orders) part->setEnabled(players != 0);
     SharedOrders orders = OrdersOf(T, players);
-    if (Shown == orders) return;
+    if (Shown == orders && ShownChecks == T.CheckDenominations) return;
     ShowFlags(orders);
     ShowCodes(orders);
     Winners->ShowOrders(orders);
     Losers->ShowOrders(orders);
     Working->ShowWorking(orders.Working);
     Shown = std::move(orders);
+    ShownChecks = T.CheckDenominations;
 }
 
 void AutoPlayWindow::ShowFlags(const SharedOrders& orders) {

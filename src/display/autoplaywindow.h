@@ -73,7 +73,8 @@ class AutoPlayWindow final : public QWidget {
     HandlingBox* Winners = nullptr;
     HandlingBox* Losers = nullptr;
     WorkingList* Working = nullptr;
-    std::optional<SharedOrders> Shown;  ///< nothing: to be shown anew, whatever it is
+    std::optional<SharedOrders> Shown;      ///< nothing: to be shown anew, whatever it is
+    std::array<currency, 6> ShownChecks{};  ///< whose values the units bear
     bool AmountInQuestion = false;
 };
 

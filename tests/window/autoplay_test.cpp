@@ -18,6 +18,7 @@
 #include "autoplay/autoplay.h"
 #include "display/game.h"
 #include "display/mainwindow.h"
+#include "stats/accumulators.h"
 #include "support/table_fixture.h"
 #include "support/temporaryfolder.h"
 #include "table/rundriver.h"
@@ -242,6 +243,12 @@ TEST_F(AutoPlayTest, WhatDiffersIsShownUnsetAndTheNextPressSetsIt) {
         EXPECT_EQ(t.HandleUnit[p][4], 0);
         EXPECT_EQ(t.PlaceBias[p], 0);
     }
+    t.HandleUnit[1][5] = t.HandleUnit[4][5] = 3;
+    Window->ShowAutoPlayData();
+    EXPECT_EQ(Text("cmdUnits5"), "$5 Units");
+    t.CheckDenominations[2] = Dollars(10);
+    Window->ShowAutoPlayData();
+    EXPECT_EQ(Text("cmdUnits5"), "$10 Units");
     // A look into the empty amount and out again leaves both amounts as they were.
     Find<QLineEdit>("txtModifyAmount4")->setFocus();
     Press(Qt::Key_Tab);
@@ -304,6 +311,12 @@ TEST_F(AutoPlayTest, WorkingOnTheComeOutIsSetForTheSelectedLines) {
         EXPECT_EQ(list->item(Row::Place4 - 1)->text(), c.Line);
     }
     EXPECT_EQ(list->selectedItems().size(), 2) << "the selection stays";
+    list->setCurrentRow(Row::Place4 - 1);
+    list->setFocus();
+    for (const int works1 : {1, 0}) {
+        Press(Qt::Key_Return);
+        EXPECT_EQ(works(Row::Place4), (std::vector<int>{works1, 0, works1})) << "Enter turns a line over";
+    }
     Click("cmdSelectAll");
     Click("cmdYes");
     for (int row = 1; row <= Row::LastBet; ++row) EXPECT_TRUE(t.ComeOutWorking(8, row) != 0) << row;
@@ -471,6 +484,35 @@ TEST_F(AutoPlayTest, TheKeyboardReachesEverything) {
         if (control->focusPolicy() != Qt::NoFocus && control->objectName() != QString()) {
             EXPECT_TRUE(reached.count(control->objectName())) << control->objectName().toStdString();
         }
+    }
+}
+
+TEST(AutoPlayPlaceTest, AChangeInARunThatTheUserStopsIsMade) {
+    const testsupport::TemporaryFolder folder;
+    MainWindow window(folder.Path(""));
+    window.show();
+    Table& t = window.CurrentGame().T();
+    ASSERT_EQ(AddPlayer(t, 3, "Ann", Dollars(100)), "");
+    t.ShooterBetRequirement = 0;
+    t.HyperThrottle = 0;
+    AutoPlayWindow orders(t, &window);
+    orders.show();
+    t.AutoPlayPlayers = 1 << 3;
+    orders.ConfigAutoPlayForm();
+    auto* pass = orders.findChild<QCheckBox*>("chkAutoPassDice");
+    for (const bool stop : {false, true}) {
+        QTimer::singleShot(30, &window, [&] { pass->click(); });
+        DialogDriver driver({[&](QDialog& d) {
+            EXPECT_EQ(d.windowTitle(), "Hyper-Drive Active");
+            // The run that goes on is ended in the end; even if that came first, No means no.
+            if (!stop) QTimer::singleShot(0, &window, [&] { StopAutoRoll(t); });
+            QTest::keyClick(d.windowHandle(), stop ? Qt::Key_Return : Qt::Key_Escape);
+        }});
+        window.ToggleRun();
+        EXPECT_EQ(driver.Left(), 0u);
+        EXPECT_EQ(t.AutoPassDice[3], stop);
+        EXPECT_EQ(pass->isChecked(), stop);
+        EXPECT_GT(SessionRolls(t), 0);
     }
 }
 
