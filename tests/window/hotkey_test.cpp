@@ -57,14 +57,14 @@ TEST_F(HotKeyTest, CtrlAndALetterRunTheFileForTheBettor) {
 }
 
 TEST_F(HotKeyTest, WhatIsWrongIsTold) {
-    Open({{"N", "", Folder.Path("none.bet")}, {"W", "", Script("wrong.bet", "bet on on\n")}});
+    Open({{"J", "", Folder.Path("none.bet")}, {"W", "", Script("wrong.bet", "bet on on\n")}});
     struct Case {
         Qt::Key Key;
         const char* Title;
         const char* Text;
     };
     const Case cases[] = {
-        {Qt::Key_N, "Hot-Key",
+        {Qt::Key_J, "Hot-Key",
          "The Auto-Bet file defined for that Hot-Key was not found in the specified location.\n\n"
          "Please check the path and file name on the Hot-Key screen."},
         {Qt::Key_W, "Auto-Bet Script Error",
