@@ -491,6 +491,7 @@ void MainWindow::ShowProgress() {
     StatusText->setText(tr("Hyper-Drive:  %1 rolls,  %2 rolls a second")
                             .arg(Words(FormatCommas(Dollars(rolls))), Words(FormatCommas(Dollars(rate)))));
     if (Pad != nullptr) Pad->ShowLastRoll();
+    if (AutoPlay != nullptr && AutoPlay->isVisible()) AutoPlay->ShowAutoPlayData();
 }
 
 void MainWindow::StartNewSession() {
