@@ -13,6 +13,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QRegularExpression>
+#include <map>
 #include <set>
 
 #include "autoplay/autoplay.h"
@@ -99,96 +100,109 @@ struct AutoPlayTest : TableTest {
 
 using CodesOf = std::array<std::int32_t, Positions> Settings::*;
 
-TEST_F(AutoPlayTest, EveryControlSetsItsOrderForThePlayersSelected) {
-    struct Case {
-        std::string What;
-        std::function<void()> Act;
-        std::function<int(std::size_t)> Order;
-        int Before, After;
-    };
-    std::vector<Case> cases;
-    const std::pair<const char*, std::array<bool, Positions> Settings::*> flags[] = {
-        {"chkAutoTakeFullOdds", &Settings::AutoTakeFullOdds},
-        {"chkAutoLayFullOdds", &Settings::AutoLayFullOdds},
-        {"chkAutoDownPlaceBets", &Settings::AutoDownPlaceBets},
-        {"chkAutoPassDice", &Settings::AutoPassDice}};
-    for (const auto& [name, flag] : flags) {
-        const auto value = [this, flag = flag](std::size_t p) { return (t.*flag)[p] ? 1 : 0; };
-        cases.push_back({name, [this, name = name] { Click(name); }, value, 0, 1});
-        cases.push_back({name, [this, name = name] { Click(name); }, value, 1, 0});
+/// What one act on a control makes of a player's order.
+struct ControlCase {
+    QString Control;
+    std::function<void()> Act;
+    std::function<std::int64_t(std::size_t p)> Order;
+    std::int64_t Before, After;
+};
+
+struct AutoPlayControlTest : AutoPlayTest {
+    std::vector<ControlCase> Cases;
+
+    void AddFlags() {
+        const std::pair<const char*, std::array<bool, Positions> Settings::*> flags[] = {
+            {"chkAutoTakeFullOdds", &Settings::AutoTakeFullOdds},
+            {"chkAutoLayFullOdds", &Settings::AutoLayFullOdds},
+            {"chkAutoDownPlaceBets", &Settings::AutoDownPlaceBets},
+            {"chkAutoPassDice", &Settings::AutoPassDice}};
+        for (const auto& [name, flag] : flags) {
+            const auto order = [this, flag = flag](std::size_t p) { return (t.*flag)[p] ? 1 : 0; };
+            const auto press = [this, name = name] { Click(name); };
+            Cases.push_back({name, press, order, 0, 1});
+            Cases.push_back({name, press, order, 1, 0});
+        }
     }
-    const auto add = [&](const QString& name, const std::function<void()>& act, CodesOf codes, int before, int after) {
-        cases.push_back(
-            {name.toStdString(), act, [this, codes](std::size_t p) { return (t.*codes)[p]; }, before, after});
-    };
-    const auto addChoices = [&](const QString& prefix, std::initializer_list<int> order, CodesOf codes, int before) {
-        for (const int code : order) {
+    /// Radio buttons `prefix` and a code, pressed in this order.
+    void AddChoices(const QString& prefix, std::initializer_list<int> codes, CodesOf orders, int before) {
+        for (const int code : codes) {
             const QString name = prefix + QString::number(code);
-            add(
-                name, [this, name] { Click(name); }, codes, before, code);
+            const auto order = [this, orders](std::size_t p) { return (t.*orders)[p]; };
+            Cases.push_back({name, [this, name] { Click(name); }, order, before, code});
             before = code;
         }
-    };
-    addChoices("optAutoAdjust", {1, 2, 0}, &Settings::AutoAdjustMode, 0);
-    addChoices("optWinner", {2, 3, 4, 5, 6, 7, 0, 1}, &Settings::WinnerHandling, 1);
-    addChoices("optLoser", {2, 3, 4, 5, 6, 7, 0, 1}, &Settings::LoserHandling, 1);
-    const std::pair<const char*, CodesOf> biases[] = {{"cmbLayBias", &Settings::LayBias},
-                                                      {"cmbPlaceBias", &Settings::PlaceBias},
-                                                      {"cmbDoBias", &Settings::DoBias},
-                                                      {"cmbDontBias", &Settings::DontBias}};
-    for (const auto& [name, codes] : biases) {
-        const auto down = [this, name = name] {
-            Find<QComboBox>(name)->setFocus();
-            Press(Qt::Key_Down);
-        };
-        add(name, down, codes, 0, 1);
-        add(name, down, codes, 1, 2);
     }
-    for (const int slot : {4, 5, 6, 7}) {
-        const auto index = At(slot);
-        if (slot < 6) {
-            for (int step = 0; step < 4; ++step) {
-                const QString name = QStringLiteral("cmdMathOperator%1").arg(slot);
-                cases.push_back({name.toStdString(), [this, name] { Click(name); },
-                                 [this, index](std::size_t p) { return t.HandleOperator[p][index]; }, step,
-                                 (step + 1) % 4});
-            }
+    void AddBiases() {
+        const std::pair<const char*, CodesOf> biases[] = {{"cmbLayBias", &Settings::LayBias},
+                                                          {"cmbPlaceBias", &Settings::PlaceBias},
+                                                          {"cmbDoBias", &Settings::DoBias},
+                                                          {"cmbDontBias", &Settings::DontBias}};
+        for (const auto& [name, orders] : biases) {
+            const auto order = [this, orders = orders](std::size_t p) { return (t.*orders)[p]; };
+            const auto down = [this, name = name] {
+                Find<QComboBox>(name)->setFocus();
+                Press(Qt::Key_Down);
+            };
+            Cases.push_back({name, down, order, 0, 1});
+            Cases.push_back({name, down, order, 1, 2});
         }
-        for (int step = 0; step < 7; ++step) {
-            const QString name = QStringLiteral("cmdUnits%1").arg(slot);
-            cases.push_back({name.toStdString(), [this, name] { Click(name); },
-                             [this, index](std::size_t p) { return t.HandleUnit[p][index]; }, step, (step + 1) % 7});
+    }
+    /// A button that goes through `count` steps.
+    void AddSteps(const QString& name, int count, const std::function<std::int64_t(std::size_t)>& order) {
+        for (int step = 0; step < count; ++step) {
+            Cases.push_back({name, [this, name] { Click(name); }, order, step, (step + 1) % count});
         }
+    }
+    void AddArithmetic(int slot) {
+        const auto s = At(slot);
+        if (slot < WinnersBetSlot) {
+            AddSteps(QStringLiteral("cmdMathOperator%1").arg(slot), 4,
+                     [this, s](std::size_t p) { return t.HandleOperator[p][s]; });
+        }
+        AddSteps(QStringLiteral("cmdUnits%1").arg(slot), 7, [this, s](std::size_t p) { return t.HandleUnit[p][s]; });
         const QString name = QStringLiteral("txtModifyAmount%1").arg(slot);
-        cases.push_back(
-            {name.toStdString(),
-             [this, name, slot] {
-                 TypeAmount(name, QString::number(slot) + ".5");
-                 Press(Qt::Key_Tab);
-             },
-             [this, index](std::size_t p) { return static_cast<int>(t.HandleAmount[p][index].TenThousandths); }, 0,
-             slot * 10'000 + 5'000});
+        const auto type = [this, name, slot] {
+            TypeAmount(name, QString::number(slot) + ".5");
+            Press(Qt::Key_Tab);
+        };
+        Cases.push_back({name, type, [this, s](std::size_t p) { return t.HandleAmount[p][s].TenThousandths; }, 0,
+                         slot * 10'000 + 5'000});
     }
-    for (const bool several : {false, true}) {
-        for (const int p : {1, 4, 8}) {
-            ResetStandingOrders(t, p);
-            t.WinnerHandling[At(p)] = t.LoserHandling[At(p)] = 1;
-        }
-        Select(several ? std::initializer_list<int>{1, 8} : std::initializer_list<int>{4});
-        for (const Case& c : cases) {
-            SCOPED_TRACE(c.What + (several ? " for two" : " for one"));
+    /// Goes through all cases with `selected` of 1, 4 and 8.
+    void ExpectAll(const std::set<std::size_t>& selected) {
+        for (const ControlCase& c : Cases) {
+            SCOPED_TRACE(c.Control.toStdString() + " for " + std::to_string(selected.size()));
             t.GameChanged = false;
             Changes = 0;
-            const int other = c.Order(several ? 4u : 1u);
+            std::map<std::size_t, std::int64_t> expected;
             for (const std::size_t p : {1u, 4u, 8u}) {
-                ASSERT_TRUE((p != 4) != several || c.Order(p) == c.Before) << p;
+                ASSERT_TRUE(selected.count(p) == 0 || c.Order(p) == c.Before) << p;
+                expected[p] = selected.count(p) != 0 ? c.After : c.Order(p);
             }
             c.Act();
-            for (const std::size_t p : {1u, 4u, 8u}) EXPECT_EQ(c.Order(p), (p != 4) == several ? c.After : other) << p;
+            for (const auto& [p, order] : expected) EXPECT_EQ(c.Order(p), order) << p;
             EXPECT_TRUE(t.GameChanged);
             EXPECT_GE(Changes, 1);
         }
     }
+};
+
+TEST_F(AutoPlayControlTest, EveryControlSetsItsOrderForThePlayersSelected) {
+    AddFlags();
+    AddChoices("optAutoAdjust", {1, 2, 0}, &Settings::AutoAdjustMode, 0);
+    AddChoices("optWinner", {2, 3, 4, 5, 6, 7, 0, 1}, &Settings::WinnerHandling, 1);
+    AddChoices("optLoser", {2, 3, 4, 5, 6, 7, 0, 1}, &Settings::LoserHandling, 1);
+    AddBiases();
+    for (const int slot : {WinnersSameBetSlot, LosersSameBetSlot, WinnersBetSlot, LosersBetSlot}) AddArithmetic(slot);
+    Select({4});
+    ExpectAll({4});
+    for (const int p : {1, 4, 8}) {
+        ResetStandingOrders(t, p);
+        t.WinnerHandling[At(p)] = t.LoserHandling[At(p)] = 1;
+    }
+    Select({1, 8});
+    ExpectAll({1, 8});
     EXPECT_THAT(Messages(), IsEmpty());
 }
 
