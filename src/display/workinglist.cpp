@@ -19,6 +19,7 @@ int RowOf(const QListWidgetItem& item) { return item.data(Qt::UserRole).toInt();
 WorkingList::WorkingList(const QString& caption, QWidget* parent) : QGroupBox(caption, parent), List(new QListWidget) {
     auto* grid = new QGridLayout(this);
     List->setObjectName(QStringLiteral("lstWorking"));
+    List->setAlternatingRowColors(true);
     List->setAccessibleName(tr("Bets working on the come-out roll"));
     List->setSelectionMode(QAbstractItemView::ExtendedSelection);
     List->setUniformItemSizes(true);
@@ -35,13 +36,21 @@ WorkingList::WorkingList(const QString& caption, QWidget* parent) : QGroupBox(ca
         grid->addWidget(button, row, column);
         return button;
     };
-    connect(add("cmdSelectAll", QStringLiteral("S&elect All"), 1, 0), &QPushButton::clicked, List,
-            &QListWidget::selectAll);
-    const auto choosing = [this](WorkingChoice choice) { return [this, choice] { ChooseForSelected(choice); }; };
-    connect(add("cmdYes", QStringLiteral("&Yes"), 1, 1), &QPushButton::clicked, this, choosing(WorkingChoice::Yes));
-    connect(add("cmdDefault", QStringLiteral("De&fault"), 2, 0), &QPushButton::clicked, this,
-            choosing(WorkingChoice::Default));
-    connect(add("cmdNo", QStringLiteral("&No"), 2, 1), &QPushButton::clicked, this, choosing(WorkingChoice::No));
+    connect(add("cmdSelectAll", QStringLiteral("S&elect All"), 1, 0), &QPushButton::clicked, this, [this] {
+        List->selectAll();
+        List->setFocus();
+    });
+    const auto addChoice = [this, &add](const char* name, const QString& text, int row, int column,
+                                        WorkingChoice choice) {
+        QPushButton* button = add(name, text, row, column);
+        button->setEnabled(false);
+        connect(button, &QPushButton::clicked, this, [this, choice] { ChooseForSelected(choice); });
+        connect(List, &QListWidget::itemSelectionChanged, button,
+                [this, button] { button->setEnabled(!List->selectedItems().isEmpty()); });
+    };
+    addChoice("cmdYes", QStringLiteral("&Yes"), 1, 1, WorkingChoice::Yes);
+    addChoice("cmdDefault", QStringLiteral("De&fault"), 2, 0, WorkingChoice::Default);
+    addChoice("cmdNo", QStringLiteral("&No"), 2, 1, WorkingChoice::No);
 }
 
 void WorkingList::ShowWorking(const std::array<std::optional<bool>, Row::LastBet + 1>& working) {

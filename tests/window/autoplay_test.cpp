@@ -488,6 +488,8 @@ TEST_F(AutoPlayTest, TheKeyboardReachesEverything) {
     Press(Qt::Key_B, Qt::AltModifier);
     Press(Qt::Key_Down);
     EXPECT_EQ(t.WinnerHandling[4], 2) << "the arrow goes on from the order in force";
+    EXPECT_FALSE(Find<QPushButton>("cmdYes")->isEnabled()) << "without a line there is nothing to set";
+    Find<QListWidget>("lstWorking")->item(3)->setSelected(true);
     Press(Qt::Key_S, Qt::AltModifier);
     std::set<QString> reached;
     for (int i = 0; i < 60; ++i) {
