@@ -1,7 +1,5 @@
 #include "display/bettext.h"
 
-#include <QStringList>
-
 #include "config/advantage.h"
 #include "config/payoffs.h"
 #include "display/words.h"
@@ -55,19 +53,25 @@ QString StackText(const Table& t, int row) {
 
 }  // namespace
 
-QString BetText(const Table& t, int row, AdvantageCache& advantages) {
-    if (row > Row::LastBet) return StackText(t, row);
+QStringList BetLines(const Table& t, int row, AdvantageCache& advantages) {
+    if (row > Row::LastBet) return {StackText(t, row)};
     QString text = Words(BetName(row));
     const int p = t.ActivePlayer;
     const QString amount = p > 0 ? AmountText(t, p, row) : QString();
     if (!amount.isEmpty()) text += QStringLiteral(":  ") + amount;
-    QStringList facts;
-    if (HasOnePayoff(row)) facts << QStringLiteral("pays ") + Words(PayoffText(PayoffOf(t, row)));
+    QStringList lines{text};
+    if (HasOnePayoff(row)) lines << QStringLiteral("pays ") + Words(PayoffText(PayoffOf(t, row)));
     const double house = -100 * advantages.Of(t, row).EvDec;
-    facts << QStringLiteral("%1 advantage %2%")
+    lines << QStringLiteral("%1 advantage %2%")
                  .arg(house < 0 ? QStringLiteral("player's") : QStringLiteral("house"),
                       Words(FormatPattern(house < 0 ? -house : house, "0.00")));
-    return text + QStringLiteral("     ") + facts.join(QStringLiteral(",  "));
+    return lines;
+}
+
+QString BetText(const Table& t, int row, AdvantageCache& advantages) {
+    QStringList facts = BetLines(t, row, advantages);
+    const QString bet = facts.takeFirst();
+    return facts.isEmpty() ? bet : bet + QStringLiteral("     ") + facts.join(QStringLiteral(",  "));
 }
 
 }  // namespace tarnwick

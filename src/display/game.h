@@ -3,9 +3,12 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "autobet/autobets.h"
+#include "autobet/hotkeys.h"
 #include "display/soundsets.h"
+#include "files/filesinuse.h"
 #include "stats/tablelogs.h"
 #include "table/crapcnst.h"
 
@@ -26,20 +29,29 @@ class Game {
     /// False after a message; Open leaves the game as it was then, unless the file was cut short.
     bool Open(const std::string& path);
     bool Save(const std::string& path);
-    /// Keeps the standing game for the next start.
+    /// Keeps the standing game and the hot keys for the next start.
     bool SaveAtExit();
 
     Table& T() { return *State; }
     AutoBets& Scripts() { return ScriptsOf; }
     /// Found at the start.
     const SoundLibrary& Sounds() const { return Found; }
+    /// Where the files in use lie.
+    std::vector<PathGroup> Paths() const;
+    /// Read at the start, and kept at the exit, of a program.
+    HotKeyList& HotKeys() { return Keys; }
 
   private:
+    void ReadHotKeys();
+    bool SaveChangedHotKeys();
+
     std::unique_ptr<Table> State;
     AutoBets ScriptsOf;
     std::string Folder;
     TableLogs Logs;
     SoundLibrary Found;
+    HotKeyList Keys, KeysAtStart;
+    bool KeysRead = false;  ///< else the file is one that couldn't be read, and stays as it is
 };
 
 /// The user's folder by the environment.

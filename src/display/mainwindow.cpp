@@ -14,16 +14,20 @@
 
 #include "config/advantage.h"
 #include "display/amountbox.h"
+#include "display/autoplaywindow.h"
 #include "display/bettext.h"
 #include "display/desktopscreen.h"
 #include "display/felt/dicepainter.h"
 #include "display/felt/felttransform.h"
 #include "display/felt/feltview.h"
 #include "display/felt/statusboxes.h"
+#include "display/felttooltips.h"
 #include "display/filewindow.h"
 #include "display/game.h"
+#include "display/hotkeycatcher.h"
 #include "display/movewindow.h"
 #include "display/newsessiondialog.h"
+#include "display/pathwindow.h"
 #include "display/quietwait.h"
 #include "display/rollpad.h"
 #include "display/soundplayer.h"
@@ -169,6 +173,10 @@ void MainWindow::MakeActionMenu() {
     };
     MakeCursorEntries(*menu);
     menu->addSeparator();
+    QAction* autoPlay = menu->addAction(QStringLiteral("&Auto-Play ..."));  // which asks before each change
+    autoPlay->setShortcut(Qt::Key_F7);
+    connect(autoPlay, &QAction::triggered, this, &MainWindow::ShowAutoPlay);
+    menu->addSeparator();
     addPending(tr("Call a bet O&N"), PendingAction::CallOn);
     addPending(tr("&Call a bet OFF"), PendingAction::CallOff);
     addPending(tr("&Buy a Place bet"), PendingAction::Buy);
@@ -227,6 +235,8 @@ void MainWindow::MakeViewMenu() {
     menu->addSeparator();
     MakeStatusMenu(*menu);
     AddSwitch(*menu, QStringLiteral("Display &center prop bets"), {}, &Table::DisplayCenterProps);
+    menu->addSeparator();
+    connect(menu->addAction(QStringLiteral("Show &Path ...")), &QAction::triggered, this, &MainWindow::ShowPath);
 }
 
 void MainWindow::MakeViewMenus(QMenu& menu) {
@@ -349,6 +359,8 @@ void MainWindow::ConnectTable() {
         if (!GuardCommand(Played->T())) Hand->SelectRail(p);
         Refresh();
     });
+    connect(new HotKeyCatcher(*Played, this), &HotKeyCatcher::pressed, this, &MainWindow::Refresh);
+    new FeltToolTips(Played->T(), *Advantages, View);
     connect(Amount, &AmountBox::committed, this, [this](int row, qint64 amount) {
         Hand->SetAmount(row, currency{amount});
         Refresh();
@@ -479,6 +491,7 @@ void MainWindow::ShowProgress() {
     StatusText->setText(tr("Hyper-Drive:  %1 rolls,  %2 rolls a second")
                             .arg(Words(FormatCommas(Dollars(rolls))), Words(FormatCommas(Dollars(rate)))));
     if (Pad != nullptr) Pad->ShowLastRoll();
+    if (AutoPlay != nullptr && AutoPlay->isVisible()) AutoPlay->ShowAutoPlayData();
 }
 
 void MainWindow::StartNewSession() {
@@ -498,6 +511,7 @@ void MainWindow::KeepPlaces() {
     t.MainWindowState = isMaximized() ? 2 : 0;
     if (Pad != nullptr) KeepPlace(*Pad, t.Placement(Form::frmRYON), false);
     if (Mover != nullptr) KeepPlace(*Mover, t.Placement(Form::frmMove), false);
+    if (AutoPlay != nullptr) KeepPlace(*AutoPlay, t.Placement(Form::frmAutoPlay), false);
 }
 
 /// The standing game leaves the main window where it is; a game of another name brings its place.
@@ -506,6 +520,7 @@ void MainWindow::TakePlaces() {
     TakePlace(*this, t.Placement(Form::main), true);
     if (t.Placement(Form::frmRYON).Shown) ShowPad();
     if (t.Placement(Form::frmMove).Shown) ShowMover();
+    if (t.Placement(Form::frmAutoPlay).Shown) ShowAutoPlay();
 }
 
 void MainWindow::ShowMover() {
@@ -516,6 +531,24 @@ void MainWindow::ShowMover() {
     }
     Mover->show();
     Mover->raise();
+}
+
+void MainWindow::ShowAutoPlay() {
+    if (AutoPlay == nullptr) {
+        AutoPlay = new AutoPlayWindow(Played->T(), this);
+        connect(AutoPlay, &AutoPlayWindow::ordersChanged, this, &MainWindow::Refresh);
+        TakePlace(*AutoPlay, Played->T().Placement(Form::frmAutoPlay), false);
+    }
+    AutoPlay->show();
+    AutoPlay->raise();
+    AutoPlay->activateWindow();
+}
+
+void MainWindow::ShowPath() {
+    if (Paths == nullptr) Paths = new PathWindow([this] { return Played->Paths(); }, this);
+    Paths->show();
+    Paths->raise();
+    Paths->activateWindow();
 }
 
 bool MainWindow::SaveTo(const std::string& path) {
@@ -618,6 +651,7 @@ void MainWindow::Refresh() {
     ShowStatus();
     if (!t.HyperDriveActive) Strip->Refresh();
     View->RefreshTable();
+    if (AutoPlay != nullptr && AutoPlay->isVisible()) AutoPlay->ConfigAutoPlayForm();
     if (Pad != nullptr) {
         Pad->ShowLastRoll();
         Pad->ShowRunState();

@@ -21,10 +21,12 @@ namespace tarnwick {
 
 class AdvantageCache;
 class AmountBox;
+class AutoPlayWindow;
 class DesktopScreen;
 class FeltView;
 class Game;
 class MoveWindow;
+class PathWindow;
 class RollPad;
 class SoundPlayer;
 class StatusStrip;
@@ -90,6 +92,8 @@ class MainWindow : public QMainWindow {
     void TakePlaces();
     bool SaveTo(const std::string& path);
     void ShowMover();
+    void ShowAutoPlay();
+    void ShowPath();
     void AskAtm(bool withdrawal);
     /// The bettor, or 0 with the words that ask for one.
     int Bettor();
@@ -107,6 +111,8 @@ class MainWindow : public QMainWindow {
     AmountBox* Amount = nullptr;
     RollPad* Pad = nullptr;
     MoveWindow* Mover = nullptr;
+    AutoPlayWindow* AutoPlay = nullptr;
+    PathWindow* Paths = nullptr;
     QGridLayout* Arrangement = nullptr;
     int MouseOver = 0;
     bool KeyInNext = false;    ///< the press under way opens the amount box

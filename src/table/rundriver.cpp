@@ -25,8 +25,10 @@ std::string ScriptQuestion(const Table& t) {
 }
 
 /// A script in a step may be interrupted; ShowMessage notes the reason.
-void OfferInterrupt(Table& t) {
-    if (AskYesNo(t, "Auto-Bet Active", ScriptQuestion(t))) t.ScriptStopRequested = true;
+bool OfferInterrupt(Table& t) {
+    const bool stop = AskYesNo(t, "Auto-Bet Active", ScriptQuestion(t));
+    if (stop) t.ScriptStopRequested = true;
+    return stop;
 }
 
 std::optional<currency> AskAmount(Table& t, std::string title, std::string text, currency present) {
@@ -52,7 +54,10 @@ void StopAutoRoll(Table& t) {
 
 void ToggleAutoRoll(Table& t) {
     if (t.AutoRollActive) return StopAutoRoll(t);
-    if (t.ScriptRunning) return OfferInterrupt(t);
+    if (t.ScriptRunning) {
+        OfferInterrupt(t);
+        return;
+    }
     if (t.RollInProgress) return;
     t.AutoRollActive = true;
     t.HyperDriveActive = t.HyperThrottle != AutoRollThrottle;
@@ -78,20 +83,19 @@ void SetHyperThrottle(Table& t, int throttle) {
     if (!hyperDrive) RedrawAllBets(t);
 }
 
-bool GuardCommand(Table& t) {
+RunAnswer AskAboutRun(Table& t) {
     if (t.AutoRollActive) {
         const bool hyper = t.HyperDriveActive;
         const bool stop = hyper ? AskYesNo(t, "Hyper-Drive Active", "Do you want to stop the Hyper-Drive?")
                                 : AskYesNo(t, "Auto-Roll Active", "Do you want to stop Auto-Rolling?");
         if (stop) StopAutoRoll(t);
-        return true;
+        return stop ? RunAnswer::Stopped : RunAnswer::GoesOn;
     }
-    if (t.ScriptRunning) {
-        OfferInterrupt(t);
-        return true;
-    }
-    return false;
+    if (!t.ScriptRunning) return RunAnswer::NothingRuns;
+    return OfferInterrupt(t) ? RunAnswer::Stopped : RunAnswer::GoesOn;
 }
+
+bool GuardCommand(Table& t) { return AskAboutRun(t) != RunAnswer::NothingRuns; }
 
 bool AutoStopDue(const Table& t) {
     if (t.AutoStopRolls <= currency{}) return false;

@@ -22,6 +22,10 @@ std::string RunButtonText(const Table& t);
 /// Moves the speed bar 0..12; a run that is on changes its kind at once.
 void SetHyperThrottle(Table& t, int throttle);
 
+enum class RunAnswer { NothingRuns, Stopped, GoesOn };
+/// Asks whether the run, or the script in hand, is to be stopped, and stops it on Yes.
+RunAnswer AskAboutRun(Table& t);
+
 /// The question before a command that would disturb a run or a script; true when the command must be dropped.
 bool GuardCommand(Table& t);
 

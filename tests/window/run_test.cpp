@@ -115,7 +115,9 @@ void CollectLeaves(const QList<QAction*>& actions, QList<QAction*>& leaves) {
 /// Commands that leave the game alone, or that are there to stop a run.
 const QStringList Unguarded = {"Stop &Hyper-Drive",
                                "Roll &your own numbers",
-                               "E&xit",  // asks at closing
+                               "E&xit",           // asks at closing
+                               "&Auto-Play ...",  // asks at each change
+                               "Show &Path ...",
                                "&Key in amounts",
                                "D&isplay bets as numbers",
                                "&Flash bets",
