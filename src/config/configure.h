@@ -26,8 +26,8 @@ bool AskRestoreDefaultDenominations(Table& t);
 /// Truth values are true, yes, on, -1, 1 or false, no, off, 0; colors and masks are hexadecimal, red in the low byte; a
 /// vig rate is a fraction or a percentage with its sign. Returns what is wrong (unknown name, index, text, range, a
 /// check of the configuration), or nothing. A refused value leaves everything as it was. Bets that a switched-off
-/// option no longer offers are taken down; units and vigs follow. Where a group of the configuration's checks is at fault
-/// already, as a file can bring it, a change there must mend something.
+/// option no longer offers are taken down; units and vigs follow. Where a group of the configuration's checks is at
+/// fault already, as a file can bring it, a change there must mend something.
 std::string SetSetting(Table& t, std::string_view name, std::string_view value);
 
 /// The present value in the form that SetSetting reads; empty for an unknown name or a missing index.

@@ -1,8 +1,10 @@
 #include "display/tablepicture.h"
 
+#include <QApplication>
 #include <QCommandLineParser>
-#include <QGuiApplication>
 #include <QPainter>
+#include <QStyleFactory>
+#include <QTemporaryDir>
 #include <cstdio>
 #include <cstring>
 #include <memory>
@@ -11,8 +13,11 @@
 #include "display/felt/feltpainter.h"
 #include "display/felt/feltsurface.h"
 #include "display/felt/felttransform.h"
+#include "display/felt/feltview.h"
 #include "display/felt/statusboxes.h"
 #include "display/felt/tablepainter.h"
+#include "display/game.h"
+#include "display/mainwindow.h"
 #include "table/placement.h"
 #include "table/players.h"
 #include "table/screen.h"
@@ -32,6 +37,7 @@ struct Request {
     int Spotlight = 0;
     int Floor = 0;
     bool Numbers = false;
+    bool WholeWindow = false;  ///< with menu bar and status line
 };
 
 /// Reads "1248x560"; nothing for other text or a size that no window has.
@@ -52,7 +58,7 @@ Request ReadRequest(const QStringList& arguments, QString& fault) {
     for (const char* name : {"picture", "width", "angle", "size", "ratio", "colors", "spotlight", "floor"}) {
         parser.addOption({QString::fromLatin1(name), QString(), value});
     }
-    parser.addOption(QCommandLineOption(QStringLiteral("numbers")));
+    for (const char* name : {"numbers", "window"}) parser.addOption(QCommandLineOption(QString::fromLatin1(name)));
     Request request;
     if (!parser.parse(arguments)) fault = parser.errorText();
     const auto number = [&](const char* name, int low, int high, int otherwise) {
@@ -72,6 +78,7 @@ Request ReadRequest(const QStringList& arguments, QString& fault) {
     request.Spotlight = number("spotlight", 0, 3, 0);
     request.Floor = number("floor", 0, static_cast<int>(FloorTextures().size()) - 1, 0);
     request.Numbers = parser.isSet(QStringLiteral("numbers"));
+    request.WholeWindow = parser.isSet(QStringLiteral("window"));
     if (parser.isSet(QStringLiteral("size"))) {
         const auto size = SizeOf(parser.value(QStringLiteral("size")));
         if (!size) fault = QStringLiteral("--size takes WIDTHxHEIGHT, 50 to 10000 each");
@@ -138,12 +145,60 @@ QImage TablePicture(Table& t, QSize size, double pixelRatio) {
     return image;
 }
 
+namespace {
+
+/// Plays the game of the picture and sets what was asked for.
+void PrepareTable(Table& t, const Request& request) {
+    PlayTypicalGame(t);
+    if (request.Preset >= 0) SetColorPreset(t, request.Preset);
+    t.SpotlightLevel = request.Spotlight;
+    t.TexturePicture = request.Floor;
+    t.DisplayBetsAsNumbers = request.Numbers;
+    t.StatusAlign = StatusPlace::NearPlayers;
+    SetTableAngle(t, request.Angle);
+}
+
+void PlaceTable(Table& t, const Request& request, QSize size) {
+    HeldCentre held;
+    AutoSize(t, held, size);
+    if (request.Width > 0) SetTableWidth(t, request.Width);
+    CenterTable(t, held, size);
+    t.AutoSizeTable = false;
+}
+
+QImage PictureOfTable(const Request& request) {
+    SilentScreen front;
+    const auto table = std::make_unique<Table>();
+    SubMain(*table, &front);
+    PrepareTable(*table, request);
+    PlaceTable(*table, request, request.Size);
+    return TablePicture(*table, request.Size, request.PixelRatio);
+}
+
+QImage PictureOfWindow(const Request& request) {
+    const QTemporaryDir folder;  // nobody's games
+    MainWindow window(folder.path().toStdString());
+    Table& t = window.CurrentGame().T();
+    PrepareTable(t, request);
+    t.Front->RefreshOpenWindows();
+    window.resize(request.Size);
+    window.show();
+    QCoreApplication::processEvents();
+    PlaceTable(t, request, window.Felt().size());
+    window.Felt().RefreshTable();
+    window.Felt().Sharpen();
+    return window.grab().toImage();
+}
+
+}  // namespace
+
 std::optional<int> RunPictureCommand(int argc, char** argv) {
     bool asked = false;
     for (int i = 1; i < argc; ++i) asked = asked || std::strncmp(argv[i], "--picture", 9) == 0;
     if (!asked) return std::nullopt;
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QGuiApplication application(argc, argv);
+    const QApplication application(argc, argv);
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     QString fault;
     const Request request = ReadRequest(QGuiApplication::arguments(), fault);
     if (fault.isEmpty() && request.File.isEmpty()) fault = QStringLiteral("--picture takes the name of a file");
@@ -151,21 +206,7 @@ std::optional<int> RunPictureCommand(int argc, char** argv) {
         std::fprintf(stderr, "tarnwick: %s\n", qPrintable(fault));
         return 2;
     }
-    SilentScreen front;
-    const auto table = std::make_unique<Table>();
-    SubMain(*table, &front);
-    PlayTypicalGame(*table);
-    if (request.Preset >= 0) SetColorPreset(*table, request.Preset);
-    table->SpotlightLevel = request.Spotlight;
-    table->TexturePicture = request.Floor;
-    table->DisplayBetsAsNumbers = request.Numbers;
-    table->StatusAlign = StatusPlace::NearPlayers;
-    HeldCentre held;
-    SetTableAngle(*table, request.Angle);
-    AutoSize(*table, held, request.Size);
-    if (request.Width > 0) SetTableWidth(*table, request.Width);
-    CenterTable(*table, held, request.Size);
-    if (TablePicture(*table, request.Size, request.PixelRatio).save(request.File)) return 0;
+    if ((request.WholeWindow ? PictureOfWindow(request) : PictureOfTable(request)).save(request.File)) return 0;
     std::fprintf(stderr, "tarnwick: can't write %s\n", qPrintable(request.File));
     return 1;
 }

@@ -1,4 +1,4 @@
-// `tarnwick --picture FILE`: a picture of a table in play, made without a screen.
+// `tarnwick --picture FILE`: a picture of a table in play, or of the main window (`--window`), made without a screen.
 #pragma once
 
 #include <QImage>
