@@ -15,6 +15,7 @@
 #include "config/advantage.h"
 #include "display/amountbox.h"
 #include "display/bettext.h"
+#include "display/configurewindow.h"
 #include "display/desktopscreen.h"
 #include "display/felt/dicepainter.h"
 #include "display/felt/felttransform.h"
@@ -68,6 +69,7 @@ MainWindow::MainWindow(const std::string& userFolder, const std::string& given)
     MakeGameMenu();
     MakePlayersMenu();
     MakeActionMenu();
+    MakeOptionsMenu();
     MakeViewMenu();
     MakeHelpMenu();
     ConnectScreen();
@@ -206,6 +208,16 @@ void MainWindow::MakeCursorEntries(QMenu& menu) {
     for (int check = 1; check <= 5; ++check) {
         const auto key = static_cast<Qt::Key>(Qt::Key_0 + check);
         CheckActions[At(check - 1)] = Add(*checks, QString(), key, [&t, check] { t.SelectedCheck = check; });
+    }
+}
+
+void MainWindow::MakeOptionsMenu() {
+    QMenu* menu = menuBar()->addMenu(tr("&Options"));
+    Add(*menu, tr("&Configure ..."), Qt::CTRL | Qt::SHIFT | Qt::Key_C,
+        [this] { ShowConfigure(ConfigureWindow::LastInUse); });
+    menu->addSeparator();
+    for (const ConfigPage& page : ConfigPages()) {
+        Add(*menu, tr(page.Command), {}, [this, number = page.Number] { ShowConfigure(number); });
     }
 }
 
@@ -498,6 +510,7 @@ void MainWindow::KeepPlaces() {
     t.MainWindowState = isMaximized() ? 2 : 0;
     if (Pad != nullptr) KeepPlace(*Pad, t.Placement(Form::frmRYON), false);
     if (Mover != nullptr) KeepPlace(*Mover, t.Placement(Form::frmMove), false);
+    if (Configure != nullptr) KeepPlace(*Configure, t.Placement(Form::frmConfigure), true);
 }
 
 /// The standing game leaves the main window where it is; a game of another name brings its place.
@@ -506,6 +519,7 @@ void MainWindow::TakePlaces() {
     TakePlace(*this, t.Placement(Form::main), true);
     if (t.Placement(Form::frmRYON).Shown) ShowPad();
     if (t.Placement(Form::frmMove).Shown) ShowMover();
+    if (t.Placement(Form::frmConfigure).Shown) ShowConfigure(ConfigureWindow::LastInUse);
 }
 
 void MainWindow::ShowMover() {
@@ -518,12 +532,22 @@ void MainWindow::ShowMover() {
     Mover->raise();
 }
 
+void MainWindow::ShowConfigure(int number) {
+    if (Configure == nullptr) {
+        Configure = new ConfigureWindow(Played->T(), this);
+        connect(Configure, &ConfigureWindow::settingsChanged, this, &MainWindow::Refresh);
+        TakePlace(*Configure, Played->T().Placement(Form::frmConfigure), true);
+    }
+    Configure->Open(number);
+}
+
 bool MainWindow::SaveTo(const std::string& path) {
     KeepPlaces();
     return Played->Save(path);
 }
 
 void MainWindow::TakeGame() {
+    if (Configure != nullptr) Configure->ShowGame();
     TakePlaces();
     View->RefreshTable();
     PlaceStatusStrip();
@@ -618,6 +642,7 @@ void MainWindow::Refresh() {
     ShowStatus();
     if (!t.HyperDriveActive) Strip->Refresh();
     View->RefreshTable();
+    if (Configure != nullptr) Configure->ShowFigures();
     if (Pad != nullptr) {
         Pad->ShowLastRoll();
         Pad->ShowRunState();

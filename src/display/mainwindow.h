@@ -21,6 +21,7 @@ namespace tarnwick {
 
 class AdvantageCache;
 class AmountBox;
+class ConfigureWindow;
 class DesktopScreen;
 class FeltView;
 class Game;
@@ -59,6 +60,7 @@ class MainWindow : public QMainWindow {
     void MakeGameMenu();
     void MakePlayersMenu();
     void MakeActionMenu();
+    void MakeOptionsMenu();
     void MakeViewMenu();
     void MakeHelpMenu();
     void MakeCursorEntries(QMenu& menu);
@@ -95,6 +97,8 @@ class MainWindow : public QMainWindow {
     int Bettor();
     void SetPending(PendingAction action);
     void ShowPad();
+    /// On the tab of that number.
+    void ShowConfigure(int number);
     void Refresh();
 
     std::unique_ptr<Game> Played;
@@ -107,6 +111,7 @@ class MainWindow : public QMainWindow {
     AmountBox* Amount = nullptr;
     RollPad* Pad = nullptr;
     MoveWindow* Mover = nullptr;
+    ConfigureWindow* Configure = nullptr;
     QGridLayout* Arrangement = nullptr;
     int MouseOver = 0;
     bool KeyInNext = false;    ///< the press under way opens the amount box
