@@ -11,6 +11,7 @@
 #include <QVBoxLayout>
 
 #include "config/configure.h"
+#include "display/options.h"
 #include "display/settingfield.h"
 #include "display/words.h"
 #include "table/bankroll.h"
@@ -55,7 +56,8 @@ BankrollTab::BankrollTab(Table& t, QWidget* parent) : ConfigTab(t, parent), Play
 
     Panel = new QWidget;
     auto* grid = new QGridLayout(Panel);
-    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setContentsMargins(0, 6, 0, 0);
+    grid->setSpacing(14);
     grid->addWidget(MakeFigures(), 0, 0);
     grid->addWidget(MakeAtm(), 0, 1);
     grid->addWidget(MakeSessionStart(), 1, 0, 1, 2);
@@ -109,8 +111,10 @@ QGroupBox* BankrollTab::MakeAtm() {
     withdraw->setToolTip(tr("From the ATM to the bankroll"));
     connect(deposit, &QPushButton::clicked, this, [this] { MoveMoney(-1); });
     connect(withdraw, &QPushButton::clicked, this, [this] { MoveMoney(1); });
-    grid->addWidget(deposit, 1, 0);
-    grid->addWidget(withdraw, 1, 1);
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(deposit, 1);
+    buttons->addWidget(withdraw, 1);
+    grid->addLayout(buttons, 1, 0, 1, 2);
     grid->setRowStretch(2, 1);
     return box;
 }
@@ -168,7 +172,7 @@ void BankrollTab::ShowPlayer() {
     AtmField->ShowValue();
     StartField->ShowValue();
     const int rule = T.BankrollStartRule[p];
-    if (auto* option = Rules->button(rule)) option->setChecked(true);
+    CheckOption(*Rules, rule);
     StartField->setEnabled(rule == 0);
     Negative->setChecked(T.AllowNegativeBankroll[p]);
     ShowFigures();

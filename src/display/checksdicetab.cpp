@@ -13,6 +13,7 @@
 
 #include "config/configure.h"
 #include "display/felt/feltcolors.h"
+#include "display/options.h"
 #include "display/pictures.h"
 #include "display/settingfield.h"
 #include "display/words.h"
@@ -42,7 +43,6 @@ QButtonGroup* MakeStrip(QGroupBox* box, const QStringList& captions, const QStri
         button->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
         button->setCheckable(true);
         button->setAutoRaise(false);
-        button->setFocusPolicy(Qt::StrongFocus);
         button->setMinimumWidth(124);
         group->addButton(button, i);
         row->addWidget(button);
@@ -58,11 +58,12 @@ ChecksDiceTab::ChecksDiceTab(Table& t, QWidget* parent) : ConfigTab(t, parent), 
     Options->setTitle(QStringLiteral("&Options"));
     Options->addAction(QStringLiteral("&Restore default denominations"), this, &ChecksDiceTab::Restore);
     auto* column = new QVBoxLayout(this);
+    column->setSpacing(12);
     column->addWidget(MakeDenominations());
     auto* row = new QHBoxLayout;
-    row->addWidget(MakeCheckPictures());
-    row->addWidget(MakeDice());
-    row->addStretch(1);
+    row->setSpacing(14);
+    row->addWidget(MakeCheckPictures(), 1);
+    row->addWidget(MakeDice(), 1);
     column->addLayout(row);
     column->addWidget(MakeRate(), 0, Qt::AlignLeft);
     column->addStretch(1);
@@ -85,6 +86,7 @@ QGroupBox* ChecksDiceTab::MakeDenominations() {
     grid->setHorizontalSpacing(18);
     for (int i = 1; i <= Checks; ++i) {
         Faces[At(i)] = new QLabel;
+        Faces[At(i)]->setObjectName(QStringLiteral("picFace%1").arg(i));
         Faces[At(i)]->setFixedSize(FaceSize, FaceSize);
         grid->addWidget(Faces[At(i)], 0, i - 1, Qt::AlignHCenter);
         auto* field = new SettingField(
@@ -189,9 +191,9 @@ void ChecksDiceTab::ShowSettings() {
     Pending->clear();
     CentsSymbol->setChecked(T.UseCentsSymbol);
     AutoArrange->setChecked(T.AutoArrangeChips);
-    CheckLooks->button(ShownCheckPicture(T.CheckPicture))->setChecked(true);
-    DiceLooks->button(ShownDicePicture(T.DieFacePicture))->setChecked(true);
-    Actions->button(qBound(0, T.DiceAction, 2))->setChecked(true);
+    CheckOption(*CheckLooks, ShownCheckPicture(T.CheckPicture));
+    CheckOption(*DiceLooks, ShownDicePicture(T.DieFacePicture));
+    CheckOption(*Actions, qBound(0, T.DiceAction, 2));
     RateUnit->setCurrentIndex(T.RollRateUnit);
     Rate->ShowValue();
     ShowPictures();

@@ -12,6 +12,7 @@
 #include "display/colorpalette.h"
 #include "display/felt/feltcolors.h"
 #include "display/feltpreview.h"
+#include "display/options.h"
 #include "display/pictures.h"
 #include "table/crapcnst.h"
 
@@ -45,6 +46,7 @@ ColorsTab::ColorsTab(Table& t, QWidget* parent)
     : ConfigTab(t, parent), Options(new QMenu(this)), Elements(new QButtonGroup(this)), Preview(new FeltPreview(t)) {
     MakeMenu();
     auto* row = new QHBoxLayout(this);
+    row->setSpacing(14);
     auto* left = new QVBoxLayout;
     left->addWidget(MakeElements(tr("Table"), 0, 4, 5));
     left->addWidget(MakeElements(tr("Dice"), 5, 12, 8));
@@ -62,7 +64,7 @@ ColorsTab::ColorsTab(Table& t, QWidget* parent)
     right->addLayout(top);
     right->addWidget(Preview, 1);
     row->addLayout(right, 1);
-    Elements->button(0)->setChecked(true);
+    CheckOption(*Elements, 0);
     connect(Elements, &QButtonGroup::idToggled, this, [this](int, bool on) {
         if (on) ShowSelected();
     });
@@ -110,12 +112,14 @@ QGroupBox* ColorsTab::MakeMixer() {
         primary.Bar->setRange(0, 255);
         primary.Bar->setPageStep(16);
         primary.Bar->setFocusPolicy(Qt::StrongFocus);
+        primary.Bar->setInvertedControls(false);  // to the right is more, by key and wheel too
         primary.Figure = new QLabel;
         primary.Figure->setObjectName(QStringLiteral("lblColor%1").arg(i));
         primary.Figure->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         primary.Figure->setMinimumWidth(primary.Figure->fontMetrics().horizontalAdvance(QStringLiteral("0000")));
         auto* label = new QLabel(QString::fromLatin1(captions[i]));
         label->setBuddy(primary.Bar);
+        grid->setRowMinimumHeight(i + 1, label->fontMetrics().height() + 6);
         grid->addWidget(label, i + 1, 0);
         grid->addWidget(primary.Bar, i + 1, 1);
         grid->addWidget(primary.Figure, i + 1, 2);
@@ -151,7 +155,7 @@ int ColorsTab::Selected() const { return qMax(0, Elements->checkedId()); }
 void ColorsTab::ShowSettings() {
     ShowSwatches();
     ShowSelected();
-    Spotlight->button(qBound(0, T.SpotlightLevel, 3))->setChecked(true);
+    CheckOption(*Spotlight, qBound(0, T.SpotlightLevel, 3));
     Preview->Refresh();
 }
 

@@ -1,10 +1,10 @@
 #include "display/configurewindow.h"
 
 #include <QCloseEvent>
-#include <QFrame>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPainter>
 #include <QPushButton>
 #include <QShortcut>
 #include <QStackedWidget>
@@ -25,6 +25,16 @@ template <class Tab>
 ConfigTab* Make(Table& t) {
     return new Tab(t);
 }
+
+/// What the tabs stand in. Painted here, since the frames of the style lose lines where pixels are scaled.
+class Pane final : public QWidget {
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.setPen(palette().color(QPalette::Mid));
+        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    }
+};
 
 }  // namespace
 
@@ -52,8 +62,7 @@ ConfigureWindow::ConfigureWindow(Table& t, QWidget* parent)
     Tabs->setObjectName(QStringLiteral("tabs"));
     Tabs->setExpanding(false);
     Tabs->setDrawBase(false);
-    auto* frame = new QFrame;
-    frame->setFrameShape(QFrame::StyledPanel);
+    auto* frame = new Pane;
     auto* inside = new QVBoxLayout(frame);
     inside->addWidget(Pages);
     layout->addWidget(Tabs);
@@ -62,6 +71,7 @@ ConfigureWindow::ConfigureWindow(Table& t, QWidget* parent)
         ConfigTab* tab = page.Make(T);
         Tabs->addTab(QString::fromLatin1(page.Caption));
         Pages->addWidget(tab);
+        tab->ShowSettings();  // pictures and figures count in the size
         connect(tab, &ConfigTab::settingsChanged, this, &ConfigureWindow::settingsChanged);
     }
     connect(Tabs, &QTabBar::currentChanged, this, &ConfigureWindow::GoTo);

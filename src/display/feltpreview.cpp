@@ -10,6 +10,13 @@
 
 namespace tarnwick {
 
+namespace {
+
+constexpr double NarrowestTable = 500;
+constexpr double HeightOfTable = 0.4487;  ///< in widths
+
+}  // namespace
+
 FeltPreview::FeltPreview(const Table& t, QWidget* parent) : QWidget(parent), T(t) {
     setObjectName(QStringLiteral("picPreview"));
     setAccessibleName(tr("The table in these colors"));
@@ -46,14 +53,18 @@ void FeltPreview::TakeLook() {
 
 void FeltPreview::paintEvent(QPaintEvent*) {
     const double ratio = devicePixelRatioF();
-    if (Picture.isNull() || Picture.size() != (QSizeF(size()) * ratio).toSize()) {
+    if (Picture.isNull() || PictureSize != size() || Picture.devicePixelRatio() != ratio) {
         TakeLook();
+        // A table is never drawn narrower than this; a smaller one is painted with fewer pixels.
+        const double shrunk = qMin(1.0, qMin(width() / NarrowestTable, height() / (NarrowestTable * HeightOfTable)));
+        const QSize window = (QSizeF(size()) / shrunk).toSize();
         HeldCentre held;
-        AutoSize(*Sample, held, size());
-        Picture = QPixmap::fromImage(TablePicture(*Sample, size(), ratio));
+        AutoSize(*Sample, held, window);
+        Picture = QPixmap::fromImage(TablePicture(*Sample, window, ratio * shrunk));
         Picture.setDevicePixelRatio(ratio);
+        PictureSize = size();
     }
-    QPainter(this).drawPixmap(0, 0, Picture);
+    QPainter(this).drawPixmap(rect(), Picture);
 }
 
 }  // namespace tarnwick

@@ -33,6 +33,7 @@ class FeltPreview final : public QWidget {
     std::unique_ptr<SilentScreen> Front;
     std::unique_ptr<Table> Sample;  ///< made when it is first looked at
     QPixmap Picture;
+    QSize PictureSize;
 };
 
 }  // namespace tarnwick

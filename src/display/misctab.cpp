@@ -1,5 +1,6 @@
 #include "display/misctab.h"
 
+#include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGridLayout>
@@ -11,6 +12,7 @@
 
 #include "config/configure.h"
 #include "dice/dice.h"
+#include "display/options.h"
 #include "display/words.h"
 #include "table/rundriver.h"
 
@@ -37,6 +39,7 @@ constexpr std::array<std::int32_t, 3> PrintedInColor = {9, 12, 13};
 
 MiscTab::MiscTab(Table& t, QWidget* parent) : ConfigTab(t, parent) {
     auto* grid = new QGridLayout(this);
+    grid->setSpacing(14);
     grid->addWidget(MakeGenerators(), 0, 0);
     grid->addWidget(MakeNotices(), 0, 1);
     grid->addWidget(MakeOthers(), 1, 0);
@@ -56,18 +59,20 @@ QGroupBox* MiscTab::MakeGenerators() {
     grid->addWidget(label, 0, 0);
     grid->addWidget(Generators, 0, 1);
 
-    SeedNormally = new QRadioButton(QStringLiteral("Seed &normally"));
-    SeedNormally->setObjectName(QStringLiteral("optSeedNormally"));
-    UserSeed = new QRadioButton(QStringLiteral("&User seed"));
-    UserSeed->setObjectName(QStringLiteral("optUserSeed"));
-    UserSeed->setToolTip(tr("Every seeding asks for a number; the same number gives the same rolls."));
-    connect(UserSeed, &QRadioButton::toggled, this, [this](bool on) {
-        if (T.UserSeedOn == on) return;
-        T.UserSeedOn = on;
+    auto* normally = new QRadioButton(QStringLiteral("Seed &normally"));
+    normally->setObjectName(QStringLiteral("optSeedNormally"));
+    auto* byUser = new QRadioButton(QStringLiteral("&User seed"));
+    byUser->setObjectName(QStringLiteral("optUserSeed"));
+    byUser->setToolTip(tr("Every seeding asks for a number; the same number gives the same rolls."));
+    Seeding = new QButtonGroup(this);
+    Seeding->addButton(normally, 0);
+    Seeding->addButton(byUser, 1);
+    connect(Seeding, &QButtonGroup::idClicked, this, [this](int id) {
+        T.UserSeedOn = id == 1;
         Changed();
     });
-    grid->addWidget(SeedNormally, 1, 0, 1, 2);
-    grid->addWidget(UserSeed, 2, 0, 1, 2);
+    grid->addWidget(normally, 1, 0, 1, 2);
+    grid->addWidget(byUser, 2, 0, 1, 2);
 
     auto* seedLabel = new QLabel(QStringLiteral("Last entered seed:"));
     LastSeed = new QLabel;
@@ -130,7 +135,7 @@ QWidget* MiscTab::MakeOthers() {
 
 void MiscTab::ShowSettings() {
     Generators->setCurrentIndex(T.RngIndex);
-    (T.UserSeedOn ? UserSeed : SeedNormally)->setChecked(true);
+    CheckOption(*Seeding, T.UserSeedOn ? 1 : 0);
     LastSeed->setText(QString::number(T.LastSeed));
     ReSeed->setChecked(T.ReSeedNewSessions);
     for (int bit = 0; bit < static_cast<int>(Notices.size()); ++bit) {

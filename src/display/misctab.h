@@ -3,11 +3,11 @@
 
 #include "display/configtab.h"
 
+class QButtonGroup;
 class QCheckBox;
 class QComboBox;
 class QGroupBox;
 class QLabel;
-class QRadioButton;
 
 namespace tarnwick {
 
@@ -28,8 +28,7 @@ class MiscTab final : public ConfigTab {
     void Changed();
 
     QComboBox* Generators;
-    QRadioButton* SeedNormally;
-    QRadioButton* UserSeed;
+    QButtonGroup* Seeding;  ///< 0 normally, 1 by the user
     QLabel* LastSeed;
     QCheckBox* ReSeed;
     std::vector<QCheckBox*> Notices;  ///< by bit of NotifyBits

@@ -7,6 +7,8 @@ namespace tarnwick {
 
 namespace {
 
+constexpr double CheckPart = 0.86;  ///< the rest is for the shadow
+
 QPixmap Blank(QSizeF size, double pixelRatio) {
     QPixmap picture((size * pixelRatio).toSize());
     picture.setDevicePixelRatio(pixelRatio);
@@ -21,9 +23,9 @@ QPixmap CheckPicture(const CheckFaces& faces, int denomination, int size, double
     QPainter painter(&picture);
     CheckPainter checks;
     checks.Prepare(faces, 0, pixelRatio);
-    const QPointF centre(size / 2.0 - 1, size / 2.0 - 1);
-    checks.PaintShadow(painter, centre, size * 0.9);
-    checks.PaintCheck(painter, centre, size * 0.9, denomination);
+    const QPointF centre(size * 0.47, size * 0.46);
+    checks.PaintShadow(painter, centre, size * CheckPart);
+    checks.PaintCheck(painter, centre, size * CheckPart, denomination);
     return picture;
 }
 
@@ -34,10 +36,10 @@ QPixmap ChecksPicture(const CheckFaces& faces, int height, double pixelRatio) {
     QPainter painter(&picture);
     CheckPainter checks;
     checks.Prepare(faces, 0, pixelRatio);
-    QPointF centre(height / 2.0 - 1, height / 2.0 - 1);
+    QPointF centre(height * 0.47, height * 0.46);
     for (const int denomination : shown) {
-        checks.PaintShadow(painter, centre, height * 0.9);
-        checks.PaintCheck(painter, centre, height * 0.9, denomination);
+        checks.PaintShadow(painter, centre, height * CheckPart);
+        checks.PaintCheck(painter, centre, height * CheckPart, denomination);
         centre.rx() += step;
     }
     return picture;
