@@ -22,8 +22,8 @@ namespace tarnwick {
 namespace {
 
 template <class Tab>
-ConfigTab* Make(Table& t) {
-    return new Tab(t);
+ConfigTab* Make(const ConfigSources& sources) {
+    return new Tab(sources.T);
 }
 
 /// What the tabs stand in. Painted here, since the frames of the style lose lines where pixels are scaled.
@@ -48,8 +48,8 @@ const std::vector<ConfigPage>& ConfigPages() {
     return pages;
 }
 
-ConfigureWindow::ConfigureWindow(Table& t, QWidget* parent)
-    : QWidget(parent, Qt::Window), T(t), Bar(new QMenuBar), Tabs(new QTabBar), Pages(new QStackedWidget) {
+ConfigureWindow::ConfigureWindow(const ConfigSources& sources, QWidget* parent)
+    : QWidget(parent, Qt::Window), T(sources.T), Bar(new QMenuBar), Tabs(new QTabBar), Pages(new QStackedWidget) {
     setObjectName(QStringLiteral("frmConfigure"));
     setWindowTitle(tr("Configure"));
     auto* layout = new QVBoxLayout(this);
@@ -68,7 +68,7 @@ ConfigureWindow::ConfigureWindow(Table& t, QWidget* parent)
     layout->addWidget(Tabs);
     layout->addWidget(frame, 1);
     for (const ConfigPage& page : ConfigPages()) {
-        ConfigTab* tab = page.Make(T);
+        ConfigTab* tab = page.Make(sources);
         Tabs->addTab(QString::fromLatin1(page.Caption));
         Pages->addWidget(tab);
         tab->ShowSettings();  // pictures and figures count in the size

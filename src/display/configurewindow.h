@@ -13,12 +13,17 @@ namespace tarnwick {
 class ConfigTab;
 struct Table;
 
+/// What the tabs are made for, and what they need beside it.
+struct ConfigSources {
+    Table& T;
+};
+
 /// A tab of the window as it is listed.
 struct ConfigPage {
     int Number;           ///< 0..9, as Table::ConfigTab keeps it
     const char* Caption;  ///< on the tab
     const char* Command;  ///< of the menu command that opens it
-    ConfigTab* (*Make)(Table& t);
+    ConfigTab* (*Make)(const ConfigSources& sources);
 };
 
 /// All tabs in their order.
@@ -30,7 +35,7 @@ class ConfigureWindow final : public QWidget {
   public:
     static constexpr int LastInUse = -1;
 
-    ConfigureWindow(Table& t, QWidget* parent);
+    ConfigureWindow(const ConfigSources& sources, QWidget* parent);
 
     /// Shows the window on the tab of that number.
     void Open(int number = LastInUse);

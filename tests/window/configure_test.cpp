@@ -24,12 +24,18 @@
 #include "display/colorpalette.h"
 #include "display/configtab.h"
 #include "display/felt/feltcolors.h"
+#include "display/felt/feltview.h"
+#include "display/game.h"
+#include "display/mainwindow.h"
 #include "display/words.h"
+#include "stats/accumulators.h"
+#include "support/temporaryfolder.h"
 #include "table/format.h"
 #include "table/placement.h"
 #include "table/players.h"
 #include "table/screen.h"
 #include "table/session.h"
+#include "window/windows.h"
 
 namespace tarnwick {
 namespace {
@@ -54,7 +60,7 @@ struct ConfigureTest : testing::Test {
         SubMain(T, &Screen);
         AddPlayer(T, 2, "Ann", Dollars(1000));
         AddPlayer(T, 5, "Bob", Dollars(300));
-        Window = std::make_unique<ConfigureWindow>(T, nullptr);
+        Window = std::make_unique<ConfigureWindow>(ConfigSources{T}, nullptr);
         QObject::connect(Window.get(), &ConfigureWindow::settingsChanged, [this] { ++Changes; });
     }
     void Open(int page) {
@@ -742,6 +748,87 @@ TEST_F(ConfigureTest, NegativeBankrollsStayAllowedWhileTheyAreNeeded) {
         EXPECT_EQ(T.AllowNegativeBankroll[2], refused);
         EXPECT_EQ(Find<QAbstractButton>("chkNegative").isChecked(), refused);
     }
+}
+
+// --- from the table ---
+
+struct ConfigureFromTableTest : testing::Test {
+    testsupport::TemporaryFolder Folder;
+    std::unique_ptr<MainWindow> Window;
+
+    void SetUp() override { Start(); }
+    void Start() {
+        Window = std::make_unique<MainWindow>(Folder.Path(""));
+        Window->resize(700, 500);
+        Window->show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(Window.get()));
+    }
+    Table& T() { return Window->CurrentGame().T(); }
+    ConfigureWindow* Opened() { return Window->findChild<ConfigureWindow*>("frmConfigure"); }
+    void Choose(const QString& caption) {
+        for (QAction* action : Window->findChildren<QAction*>()) {
+            if (action->text() == caption) return action->trigger();
+        }
+        FAIL() << "no menu entry " << caption.toStdString();
+    }
+};
+
+TEST_F(ConfigureFromTableTest, EachEntryOpensItsTabAndAChangeShowsOnTheFelt) {
+    AddPlayer(T(), 1, "Ann", Dollars(100));
+    for (const ConfigPage& page : ConfigPages()) {
+        Choose(QString::fromLatin1(page.Command));
+        ASSERT_NE(Opened(), nullptr);
+        EXPECT_TRUE(Opened()->isVisible());
+        EXPECT_EQ(T().ConfigTab, page.Number);
+    }
+    Choose("Co&lors ...");
+    const QImage before = Window->Felt().grab().toImage();
+    Opened()->findChild<QScrollBar*>("hsbRed")->setValue(200);
+    EXPECT_NE(Window->Felt().grab().toImage(), before);
+    EXPECT_TRUE(T().GameChanged);
+}
+
+TEST_F(ConfigureFromTableTest, KeysTypedIntoAFieldDontReachTheTable) {
+    Choose("Chec&ks/dice ...");
+    ASSERT_TRUE(QTest::qWaitForWindowActive(Opened()));
+    auto* field = Opened()->findChild<QLineEdit*>("txtCheck5");
+    field->setFocus();
+    field->selectAll();
+    T().SelectedCheck = 1;
+    const std::int64_t rolls = SessionRolls(T());
+    for (const char key : std::string("25300")) QTest::keyClick(Opened()->windowHandle(), key);
+    QTest::keyClick(Opened()->windowHandle(), Qt::Key_Return);
+    EXPECT_EQ(T().CheckDenominations[5], Dollars(25'300));
+    EXPECT_EQ(T().SelectedCheck, 1);
+    EXPECT_EQ(SessionRolls(T()), rolls);
+}
+
+TEST_F(ConfigureFromTableTest, ARunIsNotDisturbed) {
+    T().AutoRollActive = T().HyperDriveActive = true;
+    DialogDriver driver({[](QDialog& d) {
+        EXPECT_EQ(d.windowTitle(), "Hyper-Drive Active");
+        QTest::keyClick(d.windowHandle(), Qt::Key_Escape);
+    }});
+    Choose("&Configure ...");
+    EXPECT_EQ(driver.Left(), 0u);
+    EXPECT_EQ(Opened(), nullptr);
+    T().AutoRollActive = T().HyperDriveActive = false;
+}
+
+TEST_F(ConfigureFromTableTest, ItComesBackWhereItStoodOnItsTab) {
+    Choose("&Misc. ...");
+    Opened()->move(0, 37);  // the screen of the tests is not wider
+    Opened()->resize(Opened()->width(), Opened()->height() + 10);
+    const QSize size = Opened()->size();
+    T().GameChanged = false;
+    Window->close();
+    Start();
+    ASSERT_NE(Opened(), nullptr);
+    EXPECT_TRUE(Opened()->isVisible());
+    EXPECT_EQ(Opened()->pos(), QPoint(0, 37));
+    EXPECT_EQ(Opened()->size(), size);
+    EXPECT_EQ(T().ConfigTab, Page::Misc);
+    EXPECT_FALSE(T().GameChanged);
 }
 
 }  // namespace
