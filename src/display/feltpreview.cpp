@@ -55,12 +55,15 @@ void FeltPreview::paintEvent(QPaintEvent*) {
     const double ratio = devicePixelRatioF();
     if (Picture.isNull() || PictureSize != size() || Picture.devicePixelRatio() != ratio) {
         TakeLook();
-        // A table is never drawn narrower than this; a smaller one is painted with fewer pixels.
+        // A table is never drawn narrower than this; a smaller one is shown smaller.
         const double shrunk = qMin(1.0, qMin(width() / NarrowestTable, height() / (NarrowestTable * HeightOfTable)));
         const QSize window = (QSizeF(size()) / shrunk).toSize();
         HeldCentre held;
         AutoSize(*Sample, held, window);
-        Picture = QPixmap::fromImage(TablePicture(*Sample, window, ratio * shrunk));
+        // Painters know no ratio below 1.
+        const QImage image = TablePicture(*Sample, window, qMax(1.0, ratio * shrunk));
+        const QSize pixels = (QSizeF(size()) * ratio).toSize();
+        Picture = QPixmap::fromImage(image.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
         Picture.setDevicePixelRatio(ratio);
         PictureSize = size();
     }

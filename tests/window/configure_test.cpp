@@ -597,6 +597,7 @@ TEST_F(ConfigureTest, APresetSetsTheWholePalette) {
     Open(Page::Colors);
     Click("optColor23");
     std::set<std::array<std::uint32_t, 43>> different;
+    QImage preview;
     for (const ColorPreset& preset : ColorPresets()) {
         Changes = 0;
         MenuEntry(preset.Caption).trigger();
@@ -604,6 +605,9 @@ TEST_F(ConfigureTest, APresetSetsTheWholePalette) {
         EXPECT_EQ(Changes, 1);
         EXPECT_EQ(Find<QScrollBar>("hsbRed").value(), FeltColor(T, 23).red());
         different.insert(T.TableColors);
+        const QImage now = Find<QWidget>("picPreview").grab().toImage();
+        EXPECT_NE(now, preview);
+        preview = now;
     }
     EXPECT_EQ(different.size(), 8u);
     EXPECT_TRUE(T.GameChanged);
@@ -765,6 +769,11 @@ struct ConfigureFromTableTest : testing::Test {
     }
     Table& T() { return Window->CurrentGame().T(); }
     ConfigureWindow* Opened() { return Window->findChild<ConfigureWindow*>("frmConfigure"); }
+    /// The toolkit calls a window active while the one that it belongs to is.
+    static void Activate(QWidget& window) {
+        window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitFor([&window] { return QApplication::activeWindow() == &window; }));
+    }
     void Choose(const QString& caption) {
         for (QAction* action : Window->findChildren<QAction*>()) {
             if (action->text() == caption) return action->trigger();
@@ -790,7 +799,7 @@ TEST_F(ConfigureFromTableTest, EachEntryOpensItsTabAndAChangeShowsOnTheFelt) {
 
 TEST_F(ConfigureFromTableTest, KeysTypedIntoAFieldDontReachTheTable) {
     Choose("Chec&ks/dice ...");
-    ASSERT_TRUE(QTest::qWaitForWindowActive(Opened()));
+    Activate(*Opened());
     auto* field = Opened()->findChild<QLineEdit*>("txtCheck5");
     field->setFocus();
     field->selectAll();
@@ -801,6 +810,62 @@ TEST_F(ConfigureFromTableTest, KeysTypedIntoAFieldDontReachTheTable) {
     EXPECT_EQ(T().CheckDenominations[5], Dollars(25'300));
     EXPECT_EQ(T().SelectedCheck, 1);
     EXPECT_EQ(SessionRolls(T()), rolls);
+}
+
+TEST_F(ConfigureFromTableTest, TheMessageDialogGivesTheFocusBackOnce) {
+    Choose("Chec&ks/dice ...");
+    Activate(*Opened());
+    auto* field = Opened()->findChild<QLineEdit*>("txtCheck2");
+    auto* next = Opened()->findChild<QLineEdit*>("txtCheck3");
+    auto* check = Opened()->findChild<QAbstractButton*>("chkAutoArrange");
+    const auto center = [this](const QWidget& w) { return w.mapTo(Opened(), w.rect().center()); };
+    const std::function<void()> ways[] = {
+        [&] { QTest::keyClick(Opened()->windowHandle(), Qt::Key_Tab); },
+        [&] { QTest::mouseClick(Opened()->windowHandle(), Qt::LeftButton, {}, center(*next)); },
+        [&] { QTest::mouseClick(Opened()->windowHandle(), Qt::LeftButton, {}, center(*check)); },
+        [&] { QTest::keyClick(Opened()->windowHandle(), Qt::Key_Return); },
+        [&] { Opened()->close(); },
+    };
+    for (const auto& leave : ways) {
+        Activate(*Opened());
+        field->setFocus();
+        field->selectAll();
+        QTest::keyClicks(field, "many");
+        int told = 0;
+        const auto answer = [this, &told](QDialog& d) {
+            EXPECT_EQ(d.windowTitle(), "Check Values");
+            EXPECT_EQ(d.parentWidget(), Opened()) << "or the table would be active afterwards";
+            ++told;
+            QTest::keyClick(d.windowHandle(), Qt::Key_Return);
+        };
+        DialogDriver driver({answer, answer});
+        leave();
+        QTest::qWait(30);
+        EXPECT_EQ(told, 1) << "way " << &leave - ways;
+        EXPECT_EQ(Opened()->focusWidget(), field);
+        EXPECT_EQ(field->text(), "many");
+        EXPECT_FALSE(check->isDown());
+        EXPECT_TRUE(Opened()->isVisible());
+    }
+}
+
+TEST_F(ConfigureFromTableTest, AnUnfinishedFieldWaitsWhileTheTableIsLookedAt) {
+    Choose("Chec&ks/dice ...");
+    Activate(*Opened());
+    auto* field = Opened()->findChild<QLineEdit*>("txtRate");
+    field->setFocus();
+    field->selectAll();
+    QTest::keyClicks(field, "1x");
+    DialogDriver driver({[](QDialog& d) { d.reject(); }});
+    Activate(*Window);
+    QTest::qWait(30);
+    EXPECT_EQ(driver.Left(), 1u) << "nothing is told";
+    EXPECT_EQ(field->text(), "1x");
+    field->setText("60");
+    field->setModified(true);
+    Activate(*Opened());
+    Activate(*Window);
+    EXPECT_EQ(T().RollsPerHour, Dollars(60)) << "a good value is taken";
 }
 
 TEST_F(ConfigureFromTableTest, ARunIsNotDisturbed) {
