@@ -97,8 +97,10 @@ struct ConfigureTest : testing::Test {
         Key(end);
         QCoreApplication::processEvents();
     }
-    void ClickTab(int index) {
+    void ClickTab(int page) {
         auto& tabs = Find<QTabBar>("tabs");
+        int index = 0;
+        while (ConfigPages()[At(index)].Number != page) ++index;
         Click(tabs, tabs.tabRect(index).center());
     }
     int ShownPage() { return ConfigPages()[At(Find<QTabBar>("tabs").currentIndex())].Number; }
@@ -127,15 +129,17 @@ TEST_F(ConfigureTest, OpensOnTheTabLastInUseAndKeepsIt) {
     T.ConfigTab = Page::Misc;
     Open(ConfigureWindow::LastInUse);
     EXPECT_EQ(ShownPage(), Page::Misc);
-    ClickTab(1);
+    ClickTab(Page::Colors);
     EXPECT_EQ(ShownPage(), Page::Colors);
     EXPECT_EQ(T.ConfigTab, Page::Colors);
+    Key(Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(ShownPage(), Page::ChecksDice);
     Key(Qt::Key_Tab, Qt::ControlModifier);
-    EXPECT_EQ(ShownPage(), Page::Misc);
-    EXPECT_EQ(&Shown(), Window->findChild<QStackedWidget*>()->widget(2)) << "the tab and what it shows go together";
+    EXPECT_EQ(ShownPage(), Page::Colors);
+    EXPECT_TRUE(Find<QWidget>("picPalette").isVisible()) << "the tab and what it shows go together";
     Window->close();
     EXPECT_FALSE(Window->isVisible());
-    EXPECT_EQ(T.ConfigTab, Page::Misc);
+    EXPECT_EQ(T.ConfigTab, Page::Colors);
     T.ConfigTab = 9;  // of a tab that isn't there
     Open(ConfigureWindow::LastInUse);
     EXPECT_EQ(ShownPage(), Page::ChecksDice);
@@ -164,13 +168,13 @@ TEST_F(ConfigureTest, TheBankrollTabNeedsAPlayer) {
     Open(Page::Colors);
     RemovePlayer(T, 2);
     RemovePlayer(T, 5);
-    ClickTab(3);
+    ClickTab(Page::Bankroll);
     EXPECT_EQ(TakeMessage(),
               "No Players: You need to add one or more players before you can set bankroll parameters.\n"
               "To add a player return to the main table and click on the Players menu.");
     EXPECT_EQ(ShownPage(), Page::Colors);
     AddPlayer(T, 3, "Cid", Dollars(10));
-    ClickTab(3);
+    ClickTab(Page::Bankroll);
     EXPECT_EQ(TakeMessage(), "");
     EXPECT_EQ(ShownPage(), Page::Bankroll);
     RemovePlayer(T, 3);
@@ -302,7 +306,7 @@ TEST_F(ConfigureTest, ChecksThatDontFitKeepTheTabOpen) {
         Enter(c.Field, c.Typed);
         EXPECT_EQ(TakeMessage(), "") << "the next value may set it right";
         EXPECT_THAT(TextOf("lblPending").toStdString(), StartsWith("Not in force yet: "));
-        ClickTab(1);
+        ClickTab(Page::Colors);
         EXPECT_EQ(TakeMessage(), c.Message);
         EXPECT_TRUE(Screen.Shown.empty()) << "told once";
         EXPECT_EQ(ShownPage(), Page::ChecksDice);
@@ -337,7 +341,7 @@ TEST_F(ConfigureTest, ChecksAreTakenAsSoonAsTheyFitTogether) {
     EXPECT_EQ(TextOf("lblPending"), "");
     EXPECT_TRUE(T.GameChanged);
     EXPECT_GT(Changes, 0);
-    ClickTab(1);
+    ClickTab(Page::Colors);
     EXPECT_EQ(TakeMessage(), "");
     EXPECT_EQ(ShownPage(), Page::Colors);
 }
@@ -347,12 +351,12 @@ TEST_F(ConfigureTest, ASmallestCheckBeyondTheTableMinimumIsRefused) {
     Enter("txtCheck2", "10");
     Enter("txtCheck1", "5");
     Enter("txtCheck4", "100");
-    ClickTab(2);
+    ClickTab(Page::Misc);
     EXPECT_EQ(TakeMessage(),
               "Configuration Limits: The minimum bet cannot be less than the smallest check denomination of 5");
     EXPECT_TRUE(HasFocus("txtCheck1"));
     Enter("txtCheck1", "1");
-    ClickTab(2);
+    ClickTab(Page::Misc);
     EXPECT_EQ(ShownPage(), Page::Misc);
     EXPECT_EQ(T.CheckDenominations[2], Dollars(10));
 }
@@ -371,7 +375,7 @@ TEST_F(ConfigureTest, ChecksThatABankrollCantPayTheVigForAreRefused) {
     Enter("txtCheck2", "10");
     Enter("txtCheck3", "25");
     Enter("txtCheck1", "5");
-    ClickTab(1);
+    ClickTab(Page::Colors);
     EXPECT_THAT(TakeMessage(), StartsWith("Configuration: You're not allowed to change this setting at this time "
                                           "because one or more players doesn't have enough bankroll"));
     EXPECT_EQ(T.CheckDenominations[1], Dollars(1));
@@ -403,13 +407,13 @@ TEST_F(ConfigureTest, TextThatIsNoNumberIsToldAndKept) {
         EXPECT_TRUE(Screen.Shown.empty()) << "told once";
         EXPECT_TRUE(HasFocus(c.Field)) << c.Field;
         EXPECT_EQ(Find<QLineEdit>(c.Field).text(), c.Typed);
-        ClickTab(1);
+        ClickTab(Page::Colors);
         EXPECT_EQ(TakeMessage(), message);
         EXPECT_EQ(ShownPage(), c.Page);
         EXPECT_TRUE(static_cast<const Settings&>(T) == before);
         Key(Qt::Key_Escape);
         EXPECT_TRUE(Window->isVisible()) << "Escape first brings the value back";
-        ClickTab(1);
+        ClickTab(Page::Colors);
         EXPECT_EQ(TakeMessage(), "");
         EXPECT_EQ(ShownPage(), Page::Colors);
     }
@@ -466,7 +470,7 @@ TEST_F(ConfigureTest, ARateTooSmallToShowIsSaidToBe) {
     Open(Page::ChecksDice);
     Window->ShowGame();
     EXPECT_EQ(Find<QLineEdit>("txtRate").text(), "<.0001");
-    ClickTab(1);
+    ClickTab(Page::Colors);
     EXPECT_EQ(TakeMessage(), "") << "what is shown was not typed";
     EXPECT_EQ(T.RollsPerHour, currency{1'000});
 }
