@@ -12,9 +12,11 @@
 #include <QVBoxLayout>
 
 #include "display/bankrolltab.h"
+#include "display/betstab.h"
 #include "display/checksdicetab.h"
 #include "display/colorstab.h"
 #include "display/misctab.h"
+#include "display/soundtab.h"
 #include "table/crapcnst.h"
 
 namespace tarnwick {
@@ -25,6 +27,8 @@ template <class Tab>
 ConfigTab* Make(const ConfigSources& sources) {
     return new Tab(sources.T);
 }
+
+ConfigTab* MakeSoundTab(const ConfigSources& sources) { return new SoundTab(sources.T, sources.Sounds); }
 
 /// What the tabs stand in. Painted here, since the frames of the style lose lines where pixels are scaled.
 class Pane final : public QWidget {
@@ -42,8 +46,10 @@ const std::vector<ConfigPage>& ConfigPages() {
     static const std::vector<ConfigPage> pages = {
         {0, "Checks/Dice", "Chec&ks/dice ...", Make<ChecksDiceTab>},
         {1, "Colors", "Co&lors ...", Make<ColorsTab>},
+        {3, "Sound", "&Sound ...", MakeSoundTab},
         {4, "Misc.", "&Misc. ...", Make<MiscTab>},
         {5, "Bankroll", "Bank&roll ...", Make<BankrollTab>},
+        {6, "Bets", "&Bets ...", Make<BetsTab>},
     };
     return pages;
 }

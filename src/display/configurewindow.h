@@ -11,11 +11,13 @@ class QTabBar;
 namespace tarnwick {
 
 class ConfigTab;
+class SoundPlayer;
 struct Table;
 
 /// What the tabs are made for, and what they need beside it.
 struct ConfigSources {
     Table& T;
+    SoundPlayer& Sounds;
 };
 
 /// A tab of the window as it is listed.

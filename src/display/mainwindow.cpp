@@ -534,7 +534,7 @@ void MainWindow::ShowMover() {
 
 void MainWindow::ShowConfigure(int number) {
     if (Configure == nullptr) {
-        Configure = new ConfigureWindow({Played->T()}, this);
+        Configure = new ConfigureWindow({Played->T(), *Sounds}, this);
         connect(Configure, &ConfigureWindow::settingsChanged, this, &MainWindow::Refresh);
         TakePlace(*Configure, Played->T().Placement(Form::frmConfigure), true);
     }
