@@ -335,6 +335,19 @@ bool ChangeSettings(Table& t, const std::function<void(Table&)>& change) {
     return wrong.empty();
 }
 
+SettingFault SetCheckDenominations(Table& t, const std::array<currency, 6>& checks) {
+    const bool limitsWereRight = LimitFault(t).Text.empty();
+    SettingFault fault;
+    const std::string wrong = OrPutBack(t, true, [&] {
+        t.CheckDenominations = checks;
+        fault = CheckDenominationFault(t);
+        if (fault.Text.empty() && limitsWereRight) fault = LimitFault(t);
+        return fault.Text;
+    });
+    if (!wrong.empty() && fault.Text.empty()) return {"Configuration", wrong};
+    return fault;
+}
+
 std::string SetSetting(Table& t, std::string_view name, std::string_view value) {
     Target target;
     std::string wrong = FindTarget(name, target);

@@ -1,6 +1,7 @@
 // Settings by name, their defaults and their checks.
 #pragma once
 
+#include <array>
 #include <functional>
 #include <optional>
 #include <string>
@@ -51,6 +52,11 @@ SettingFault CheckDenominationFault(const Table& t);
 SettingFault LimitFault(const Table& t);
 SettingFault RollRateFault(const Table& t);
 SettingFault PayoffFault(const Table& t);
+/// Takes all five checks 1..5 at once, with what follows from them. Returns the first fault of the checks, of the
+/// limits (unless those were at fault before) or of a bankroll that can't pay the vigs; then nothing has changed.
+SettingFault SetCheckDenominations(Table& t, const std::array<currency, 6>& checks);
+/// Takes a roll rate typed in RollRateUnit; returns its fault, and then nothing has changed.
+SettingFault SetRollRate(Table& t, currency typed);
 /// Why AllowNegativeBankroll of p 1..8 can't be switched off now: a bankroll below 0, or bets beyond it.
 SettingFault NegativeBankrollFault(const Table& t, int p);
 /// Why the bankroll settings can't be shown: nobody is at the table.

@@ -48,8 +48,9 @@ enum class Form : std::uint8_t {
     frmRollTotals,
     frmSessions,
     frmSummary,
+    frmConfigure,
 };
-constexpr std::size_t FormCount = static_cast<std::size_t>(Form::frmSummary) + 1;
+constexpr std::size_t FormCount = static_cast<std::size_t>(Form::frmConfigure) + 1;
 
 struct WindowPlaces {
     std::array<FormPlacement, FormCount> FormPlacements{};  ///< by Form, read through Placement

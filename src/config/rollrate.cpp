@@ -33,6 +33,18 @@ std::optional<currency> RollsPerHourFrom(currency typed, int unit) {
     return MultiplyDivide(Dollars(1), Dollars(row.PerHour), typed);
 }
 
+SettingFault SetRollRate(Table& t, currency typed) {
+    const currency before = t.RollsPerHour;
+    t.RollsPerHour = RollsPerHourFrom(typed, t.RollRateUnit).value_or(currency{});
+    SettingFault fault = RollRateFault(t);
+    if (!fault.Text.empty()) {
+        t.RollsPerHour = before;
+    } else if (t.RollsPerHour != before) {
+        t.GameChanged = true;
+    }
+    return fault;
+}
+
 std::string RollRateText(const Table& t) {
     const RollRateUnitRow& row = UnitRow(t.RollRateUnit);
     if (IsZero(t.RollsPerHour)) return "0";

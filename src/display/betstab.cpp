@@ -235,6 +235,7 @@ QWidget* BetsTab::MakeComeOutList() {
     auto* layout = new QVBoxLayout(group);
     ComeOutList = new QListWidget;
     ComeOutList->setObjectName(QStringLiteral("ComeOutWorking"));
+    ComeOutList->setAccessibleName(tr("Working on the come-out roll"));
     ComeOutList->setSelectionMode(QAbstractItemView::ExtendedSelection);
     ComeOutList->setAlternatingRowColors(true);
     ComeOutList->setUniformItemSizes(true);

@@ -22,7 +22,9 @@ constexpr qint64 PumpInterval = 15;
 DesktopScreen::DesktopScreen(Table& t, QWidget* owner) : QObject(owner), T(t), Owner(owner) { Clock.start(); }
 
 Answer DesktopScreen::Show(const Message& message) {
+    // Over the window that the user is at, so that this one is active again afterwards.
     QWidget* above = QApplication::activeModalWidget();
+    if (above == nullptr) above = QApplication::activeWindow();
     MessageDialog dialog(message, above != nullptr ? above : Owner);
     connect(&dialog, &MessageDialog::helpWanted, this, &DesktopScreen::helpWanted);
     return dialog.Ask();

@@ -16,6 +16,7 @@
 #include "display/amountbox.h"
 #include "display/autoplaywindow.h"
 #include "display/bettext.h"
+#include "display/configurewindow.h"
 #include "display/desktopscreen.h"
 #include "display/felt/dicepainter.h"
 #include "display/felt/felttransform.h"
@@ -72,6 +73,7 @@ MainWindow::MainWindow(const std::string& userFolder, const std::string& given)
     MakeGameMenu();
     MakePlayersMenu();
     MakeActionMenu();
+    MakeOptionsMenu();
     MakeViewMenu();
     MakeHelpMenu();
     ConnectScreen();
@@ -214,6 +216,16 @@ void MainWindow::MakeCursorEntries(QMenu& menu) {
     for (int check = 1; check <= 5; ++check) {
         const auto key = static_cast<Qt::Key>(Qt::Key_0 + check);
         CheckActions[At(check - 1)] = Add(*checks, QString(), key, [&t, check] { t.SelectedCheck = check; });
+    }
+}
+
+void MainWindow::MakeOptionsMenu() {
+    QMenu* menu = menuBar()->addMenu(tr("&Options"));
+    Add(*menu, tr("&Configure ..."), Qt::CTRL | Qt::SHIFT | Qt::Key_C,
+        [this] { ShowConfigure(ConfigureWindow::LastInUse); });
+    menu->addSeparator();
+    for (const ConfigPage& page : ConfigPages()) {
+        Add(*menu, tr(page.Command), {}, [this, number = page.Number] { ShowConfigure(number); });
     }
 }
 
@@ -512,6 +524,7 @@ void MainWindow::KeepPlaces() {
     if (Pad != nullptr) KeepPlace(*Pad, t.Placement(Form::frmRYON), false);
     if (Mover != nullptr) KeepPlace(*Mover, t.Placement(Form::frmMove), false);
     if (AutoPlay != nullptr) KeepPlace(*AutoPlay, t.Placement(Form::frmAutoPlay), false);
+    if (Configure != nullptr) KeepPlace(*Configure, t.Placement(Form::frmConfigure), true);
 }
 
 /// The standing game leaves the main window where it is; a game of another name brings its place.
@@ -521,6 +534,7 @@ void MainWindow::TakePlaces() {
     if (t.Placement(Form::frmRYON).Shown) ShowPad();
     if (t.Placement(Form::frmMove).Shown) ShowMover();
     if (t.Placement(Form::frmAutoPlay).Shown) ShowAutoPlay();
+    if (t.Placement(Form::frmConfigure).Shown) ShowConfigure(ConfigureWindow::LastInUse);
 }
 
 void MainWindow::ShowMover() {
@@ -551,12 +565,22 @@ void MainWindow::ShowPath() {
     Paths->activateWindow();
 }
 
+void MainWindow::ShowConfigure(int number) {
+    if (Configure == nullptr) {
+        Configure = new ConfigureWindow({Played->T(), *Sounds}, this);
+        connect(Configure, &ConfigureWindow::settingsChanged, this, &MainWindow::Refresh);
+        TakePlace(*Configure, Played->T().Placement(Form::frmConfigure), true);
+    }
+    Configure->Open(number);
+}
+
 bool MainWindow::SaveTo(const std::string& path) {
     KeepPlaces();
     return Played->Save(path);
 }
 
 void MainWindow::TakeGame() {
+    if (Configure != nullptr) Configure->ShowGame();
     TakePlaces();
     View->RefreshTable();
     PlaceStatusStrip();
@@ -652,6 +676,7 @@ void MainWindow::Refresh() {
     if (!t.HyperDriveActive) Strip->Refresh();
     View->RefreshTable();
     if (AutoPlay != nullptr && AutoPlay->isVisible()) AutoPlay->ConfigAutoPlayForm();
+    if (Configure != nullptr) Configure->ShowFigures();
     if (Pad != nullptr) {
         Pad->ShowLastRoll();
         Pad->ShowRunState();

@@ -22,6 +22,7 @@ namespace tarnwick {
 class AdvantageCache;
 class AmountBox;
 class AutoPlayWindow;
+class ConfigureWindow;
 class DesktopScreen;
 class FeltView;
 class Game;
@@ -61,6 +62,7 @@ class MainWindow : public QMainWindow {
     void MakeGameMenu();
     void MakePlayersMenu();
     void MakeActionMenu();
+    void MakeOptionsMenu();
     void MakeViewMenu();
     void MakeHelpMenu();
     void MakeCursorEntries(QMenu& menu);
@@ -99,6 +101,8 @@ class MainWindow : public QMainWindow {
     int Bettor();
     void SetPending(PendingAction action);
     void ShowPad();
+    /// On the tab of that number.
+    void ShowConfigure(int number);
     void Refresh();
 
     std::unique_ptr<Game> Played;
@@ -113,6 +117,7 @@ class MainWindow : public QMainWindow {
     MoveWindow* Mover = nullptr;
     AutoPlayWindow* AutoPlay = nullptr;
     PathWindow* Paths = nullptr;
+    ConfigureWindow* Configure = nullptr;
     QGridLayout* Arrangement = nullptr;
     int MouseOver = 0;
     bool KeyInNext = false;    ///< the press under way opens the amount box

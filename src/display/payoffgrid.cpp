@@ -159,6 +159,7 @@ void PayoffModel::Refresh() { emit dataChanged(index(0, Name), index(rowCount({}
 
 PayoffView::PayoffView(PayoffModel& model, QWidget* parent) : QTableView(parent), Model(model) {
     setObjectName(QStringLiteral("grdPayoffs"));
+    setAccessibleName(tr("Payoffs"));
     setModel(&model);
     setItemDelegate(new NumberDelegate(model, *this));
     setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed);

@@ -107,6 +107,7 @@ QWidget* PayoffsTab::MakeGroups() {
     auto* layout = new QVBoxLayout(group);
     auto* list = new QListWidget;
     list->setObjectName(QStringLiteral("lstGroups"));
+    list->setAccessibleName(tr("Groups of bets"));
     list->setUniformItemSizes(true);
     for (int line = 0; line < static_cast<int>(PayoffLines().size()); ++line) {
         if (!PayoffModel::IsHeading(line)) continue;

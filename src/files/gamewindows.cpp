@@ -39,6 +39,7 @@ constexpr WindowSlot SecondRecord[] = {
     {59, Form::frmMove, "frmMove", Fields::Fixed},
 };
 constexpr WindowSlot Editor = {25, Form::frmAutoBet, "frmAutoBet", Fields::All};
+constexpr WindowSlot Configuration = {46, Form::frmConfigure, "frmConfigure", Fields::All};
 
 void VisitWindow(GameFields& f, Table& t, const WindowSlot& window) {
     FormPlacement& place = t.Placement(window.Of);
@@ -63,6 +64,7 @@ bool VisitWindows(GameFields& f, GameImage& image) {
     f.Long(L(4), {"main", 4}, main.Height);
     for (const WindowSlot& window : FirstRecord) VisitWindow(f, t, window);
     if (f.Extended) VisitWindow(f, t, Editor);
+    if (f.Extended) VisitWindow(f, t, Configuration);
     for (int p = 1; p < Positions; ++p) f.Long(L(29 + p), {"StatusBoxLeft", p}, t.StatusBoxLeft[At(p)]);
     for (int p = 1; p < Positions; ++p) f.Long(L(37 + p), {"StatusBoxTop", p}, t.StatusBoxTop[At(p)]);
 

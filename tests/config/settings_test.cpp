@@ -566,6 +566,71 @@ TEST_F(SettingsByName, RestoringAsksAndPutsVigsRight) {
     EXPECT_EQ(t.BetsOnTable[1], currency{802'500});
 }
 
+TEST_F(SettingsByName, FiveChecksAreTakenTogetherOrNotAtAll) {
+    struct Case {
+        std::array<int, 5> Checks;
+        const char* Title;
+        const char* Text;
+    };
+    const char* const limits = "Configuration Limits";
+    const Case cases[] = {
+        {{0, 5, 25, 100, 500}, "Check Values", "Check values must be greater than zero."},
+        {{5, 1, 25, 100, -1}, "Check Values", "Check values must be greater than zero."},
+        {{5, 1, 25, 100, 500}, "Check Values", "Checks must be listed in ascending order with the "},
+        {{2, 5, 26, 100, 500}, "Check Values", "All checks must be wholly divisible by the smallest check."},
+        {{5, 10, 25, 100, 500}, limits, "The minimum bet cannot be less than the smallest check denomination of 5"},
+        {{1, 2, 20, 50, 1000}, "", ""},
+    };
+    const auto original = t.CheckDenominations;
+    for (const Case& c : cases) {
+        t.GameChanged = false;
+        std::array<currency, 6> checks{};
+        for (std::size_t i = 0; i < 5; ++i) checks[i + 1] = Dollars(c.Checks[i]);
+        const SettingFault fault = SetCheckDenominations(t, checks);
+        EXPECT_EQ(fault.Title, c.Title);
+        EXPECT_THAT(fault.Text, StartsWith(c.Text));
+        const bool taken = *c.Text == '\0';
+        EXPECT_EQ(t.CheckDenominations, taken ? checks : original) << c.Text;
+        EXPECT_EQ(t.GameChanged, taken) << c.Text;
+    }
+}
+
+TEST_F(SettingsByName, ChecksCanBeSetRightBesideLimitsThatWereWrongBefore) {
+    t.MaxPlacardBet = {};
+    EXPECT_EQ(SetCheckDenominations(t, {{{}, Dollars(1), Dollars(2), Dollars(4), Dollars(8), Dollars(16)}}).Text, "");
+    EXPECT_EQ(t.CheckDenominations[5], Dollars(16));
+}
+
+TEST_F(SettingsByName, ARollRateIsTakenInItsUnitWithinItsLimits) {
+    struct Case {
+        int Unit;
+        currency Typed;
+        const char* Fault;  ///< how it begins
+        currency PerHour;
+    };
+    const Case cases[] = {
+        {0, Dollars(36'000'000), "", Dollars(36'000'000)},
+        {0, Dollars(36'000'001), "The maximum simulated Rolls / hr rate is 36,000,000.", {}},
+        {1, Dollars(600'000), "", Dollars(36'000'000)},
+        {2, Dollars(10'001), "The maximum simulated Rolls / sec rate is 10,000.", {}},
+        {5, Dollars(30), "", Dollars(120)},
+        {4, currency{5'000}, "", Dollars(120)},
+        {3, {}, "The simulated roll rate must be greater than zero.", {}},
+        {0, Dollars(-1), "The simulated roll rate must be greater than zero.", {}},
+        {3, currency{INT64_MAX}, "The simulated roll rate must be greater than zero.", {}},
+        {2, currency{INT64_MAX}, "The maximum simulated Rolls / sec", {}},
+    };
+    for (const Case& c : cases) {
+        t.RollsPerHour = Dollars(77);
+        t.RollRateUnit = c.Unit;
+        t.GameChanged = false;
+        EXPECT_THAT(SetRollRate(t, c.Typed).Text, StartsWith(c.Fault));
+        const bool taken = *c.Fault == '\0';
+        EXPECT_EQ(t.RollsPerHour, taken ? c.PerHour : Dollars(77)) << RollRateUnitText(c.Unit);
+        EXPECT_EQ(t.GameChanged, taken) << RollRateUnitText(c.Unit);
+    }
+}
+
 TEST(RollRates, InTheUnitsOfTheList) {
     struct Case {
         const char* Typed;

@@ -164,13 +164,20 @@ Lammer LammerOf(const Table& t, int p, int row) {
     return IsLay(row) ? Lammer::Lay : Lammer::None;
 }
 
-void CheckPainter::Prepare(const Table& t, double degrees, double pixelRatio) {
-    const bool same = Denominations == t.CheckDenominations && CentsSymbol == t.UseCentsSymbol &&
-                      Style == t.CheckPicture && Degrees == degrees && PixelRatio == pixelRatio;
+CheckFaces CheckFacesOf(const Table& t) { return {t.CheckDenominations, t.UseCentsSymbol, t.CheckPicture}; }
+
+const std::vector<QString>& CheckPictureNames() {
+    static const std::vector<QString> names = {QStringLiteral("Four spots"), QStringLiteral("Six spots"),
+                                               QStringLiteral("Eight spots")};
+    return names;
+}
+
+int ShownCheckPicture(int picture) { return picture == 0 || picture == 2 ? picture : 1; }
+
+void CheckPainter::Prepare(const CheckFaces& faces, double degrees, double pixelRatio) {
+    const bool same = Faces == faces && Degrees == degrees && PixelRatio == pixelRatio;
     if (same && Pictures.size() < 400) return;
-    Denominations = t.CheckDenominations;
-    CentsSymbol = t.UseCentsSymbol;
-    Style = t.CheckPicture;
+    Faces = faces;
     Degrees = degrees;
     PixelRatio = pixelRatio;
     Pictures.clear();
@@ -194,8 +201,8 @@ const QPixmap& CheckPainter::Picture(int kind, double diameter) {
         painter.drawEllipse(QPointF(0, 0), radius, radius);
     } else {
         painter.rotate(Degrees);
-        const QString text = DenominationText(Denominations[At(kind)], CentsSymbol);
-        PaintCheckVector(painter, CheckLooks()[At(kind)], text, Style, pixels >= 15);
+        const QString text = DenominationText(Faces.Denominations[At(kind)], Faces.CentsSymbol);
+        PaintCheckVector(painter, CheckLooks()[At(kind)], text, ShownCheckPicture(Faces.Picture), pixels >= 15);
     }
     painter.end();
     picture.setDevicePixelRatio(PixelRatio);
@@ -224,7 +231,7 @@ void CheckPainter::PaintCheck(QPainter& painter, QPointF centre, double diameter
 }
 
 QPointF CheckPainter::PaintStack(QPainter& painter, QPointF centre, double diameter, currency amount) {
-    const std::vector<int> checks = ChecksOf(Denominations, amount, MostChecks);
+    const std::vector<int> checks = ChecksOf(Faces.Denominations, amount, MostChecks);
     if (checks.empty()) return centre;
     PaintShadow(painter, centre, diameter);
     const double steps = static_cast<double>(checks.size()) - 1;

@@ -29,6 +29,20 @@ QString DenominationText(currency denomination, bool centsSymbol);
 /// A bet as a figure: "$" and the amount with two places.
 QString BetFigure(currency amount);
 
+/// What the checks on a table look like.
+struct CheckFaces {
+    std::array<currency, 6> Denominations{};  ///< 1..5
+    bool CentsSymbol = true;
+    int Picture = 1;  ///< CheckPicture
+
+    bool operator==(const CheckFaces&) const = default;
+};
+CheckFaces CheckFacesOf(const Table& t);
+
+/// The looks of checks by CheckPicture; another number stands for one of them.
+const std::vector<QString>& CheckPictureNames();
+int ShownCheckPicture(int picture);
+
 enum class Lammer { None, On, Off, Buy, Lay };
 /// The marker on the bet of player p on row 1..91: what it was called, else BUY or LAY for such a bet.
 Lammer LammerOf(const Table& t, int p, int row);
@@ -37,7 +51,7 @@ Lammer LammerOf(const Table& t, int p, int row);
 class CheckPainter {
   public:
     /// Forgets pictures that no longer fit. `degrees` is how far the table is turned clockwise on the screen.
-    void Prepare(const Table& t, double degrees, double pixelRatio);
+    void Prepare(const CheckFaces& faces, double degrees, double pixelRatio);
 
     /// The shadow of a check there.
     void PaintShadow(QPainter& painter, QPointF centre, double diameter);
@@ -55,9 +69,7 @@ class CheckPainter {
     const QPixmap& Picture(int kind, double diameter);
     void PaintPicture(QPainter& painter, QPointF centre, const QPixmap& picture) const;
 
-    std::array<currency, 6> Denominations{};
-    bool CentsSymbol = true;
-    int Style = 0;
+    CheckFaces Faces;
     double Degrees = 0;
     double PixelRatio = 1;
     QHash<int, QPixmap> Pictures;  ///< by kind and diameter in device pixels

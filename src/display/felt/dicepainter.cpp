@@ -54,6 +54,14 @@ const std::array<QPointF, 2>& RestingPlaces(const Table& t) {
 
 }  // namespace
 
+const std::vector<QString>& DicePictureNames() {
+    static const std::vector<QString> names = {QStringLiteral("Sharp"), QStringLiteral("Slightly rounded"),
+                                               QStringLiteral("Round")};
+    return names;
+}
+
+int ShownDicePicture(int picture) { return picture == 0 || picture == 1 ? picture : 2; }
+
 void PaintDie(QPainter& painter, QPointF centre, double size, double degrees, int face, const DieLook& look) {
     painter.save();
     painter.translate(centre);

@@ -3,7 +3,9 @@
 
 #include <QColor>
 #include <QPointF>
+#include <QString>
 #include <array>
+#include <vector>
 
 class QPainter;
 
@@ -18,6 +20,10 @@ struct DieLook {
     bool Casts = false;  ///< has a shadow and a bevel: lies on the felt instead of being printed there
     int Picture = 2;     ///< DieFacePicture: 0 sharp corners, 1 slightly rounded, else round
 };
+
+/// The looks of dice by DieFacePicture; another number stands for one of them.
+const std::vector<QString>& DicePictureNames();
+int ShownDicePicture(int picture);
 
 /// A die's face 1..6, `size` wide, centred on `centre` and turned clockwise by `degrees`, in the painter's units.
 void PaintDie(QPainter& painter, QPointF centre, double size, double degrees, int face, const DieLook& look);

@@ -102,7 +102,7 @@ QRectF BetExtent(const Table& t, int p, int row) {
 }
 
 void TablePainter::Paint(QPainter& painter, const Table& t, double pixelRatio, const TableMoment& moment) {
-    Checks.Prepare(t, ClockwiseTurn(t), pixelRatio);
+    Checks.Prepare(CheckFacesOf(t), ClockwiseTurn(t), pixelRatio);
     painter.setRenderHint(QPainter::Antialiasing);
     PaintMarks(painter, t);
     PaintRail(painter, t, moment);
