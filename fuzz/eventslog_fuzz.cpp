@@ -1,8 +1,6 @@
 // Any bytes as an Events Log and as its reference: reading ends and stays inside the log, a search finds only lines
 // that hold its text, and a line that is added is the last one. The first two bytes say how long the log is; the
 // reference follows it.
-#include <unistd.h>
-
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
@@ -13,6 +11,7 @@
 
 #include "files/atomicfile.h"
 #include "files/codepage.h"
+#include "scratch.h"
 #include "stats/eventslogfile.h"
 
 namespace {
@@ -23,9 +22,9 @@ void Require(bool holds) {
     if (!holds) std::abort();
 }
 
-EventsLogPaths Paths() {
-    static const std::string stem = "/tmp/tarnwick-eventslog-fuzz-" + std::to_string(getpid());
-    return {stem + ".txt", stem + ".ref"};
+const EventsLogPaths& Paths() {
+    static const EventsLogPaths paths{ScratchFile("events.txt"), ScratchFile("events.ref")};
+    return paths;
 }
 
 void Write(const std::string& path, const std::string& bytes) {

@@ -1,7 +1,5 @@
 // Any bytes as a Sessions Log: what is read lies inside the file, the figures hold together, and what is added to a log
 // or deleted from it leaves the other sessions as they are. A file that is no log keeps its bytes.
-#include <unistd.h>
-
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -9,6 +7,7 @@
 #include <string>
 
 #include "files/atomicfile.h"
+#include "scratch.h"
 #include "stats/sessionsview.h"
 
 namespace {
@@ -20,7 +19,7 @@ void Require(bool holds) {
 }
 
 const std::string& Path() {
-    static const std::string path = "/tmp/tarnwick-sessionslog-fuzz-" + std::to_string(getpid()) + ".slg";
+    static const std::string path = ScratchFile("sessions.slg");
     return path;
 }
 

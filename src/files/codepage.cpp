@@ -82,12 +82,15 @@ std::string FromCodePage(std::string_view bytes) {
 Encoded ToCodePage(std::string_view utf8) {
     Encoded encoded;
     encoded.Bytes.reserve(utf8.size());
-    while (!utf8.empty()) {
+    for (;;) {
+        const auto* const other = std::find_if(utf8.begin(), utf8.end(), [](char c) { return (c & 0x80) != 0; });
+        encoded.Bytes.append(utf8.begin(), other);
+        utf8.remove_prefix(static_cast<std::size_t>(other - utf8.begin()));
+        if (utf8.empty()) return encoded;
         const int byte = ByteOf(TakeCharacter(utf8));
         encoded.Bytes += byte < 0 ? '?' : static_cast<char>(byte);
         if (byte < 0) ++encoded.Unencodable;
     }
-    return encoded;
 }
 
 std::string FieldText(std::string_view field) {

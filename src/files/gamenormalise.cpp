@@ -186,6 +186,7 @@ void SetWorkingCells(Table& t, const GameImage& image, int p) {
         const int standard = t.Point == 0 ? t.ComeOutWorking(p, row) : 1;
         const int state = seated ? image.Players[At(p)].BetWorking[At(row)] : p == 0 ? comeOut[At(row)] != 0 : standard;
         t.WorkingCells(p, row) = static_cast<std::int8_t>(-1 <= state && state <= 2 ? state : standard);
+        if (state == -1 || state == 2) t.SeatsCalled = static_cast<SeatMask>(t.SeatsCalled | (1u << p));
     }
 }
 
@@ -348,6 +349,7 @@ Table& TableOfImage(GameImage& image) {
     Table& t = *image.T;
     DetachFiles(t, image);
     FixPlay(t);
+    t.SeatsCalled = 0;
     for (int p = 0; p < Positions; ++p) SetWorkingCells(t, image, p);
     t.WorkingOverlay = 0;
     for (int p = 1; p < Positions; ++p) {

@@ -26,18 +26,32 @@ std::size_t At(int p) { return static_cast<std::size_t>(p); }
 
 char Digit(int n) { return static_cast<char>('0' + n); }
 
-/// A detail line of player p, up to the blank behind the name.
-TextLine LineOf(const Table& t, int p) {
-    TextLine line;
-    line << "      " << t.PlayerName[At(p)] << " ";
-    return line;
+std::string_view Name(const Table& t, int p) { return t.PlayerName[At(p)]; }
+
+/// Puts a line together out of pieces and logs it.
+template <class... Piece>
+void Narrate(Table& t, const Piece&... pieces) {
+    const auto narrateAt = [&](char* line) {
+        const char* const end = WritePieces(line, pieces...);
+        LogEvent(t, {line, static_cast<std::size_t>(end - line)});
+    };
+    const std::size_t room = RoomForAll(pieces...);
+    if (t.Logs != nullptr) return narrateAt(t.Logs->LineRoom(room));
+    std::string line(room, ' ');
+    narrateAt(line.data());
 }
 
-/// A line of its own about player p: "    Ann".
-TextLine Narrated(const Table& t, int p) {
-    TextLine line;
-    line << "    " << t.PlayerName[At(p)];
-    return line;
+void OpenBlock(Table& t, std::string_view heading) {
+    if (t.EventsLogHeading == heading) return;
+    t.EventsLogHeading = heading;
+    LogEvent(t, heading);
+}
+
+/// A detail line about player p under `heading`, which is logged first when it isn't that of the present block.
+template <class... Piece>
+void NarrateDetail(Table& t, std::string_view heading, int p, const Piece&... pieces) {
+    OpenBlock(t, heading);
+    Narrate(t, "      ", Name(t, p), " ", pieces...);
 }
 
 /// Calls `each` with the numbers of the bits, from low to high, the lowest bit being `first`.
@@ -54,27 +68,17 @@ void ForSeats(const Table& t, unsigned seats, const Each& each) {
     });
 }
 
-void LogComingOut(Table& t, std::string_view kind, const std::string& name) {
-    TextLine line;
-    line << "----" << kind << " shooter (" << name << ") coming out----------";
-    LogEvent(t, line.Text());
-}
-
-void OpenBlock(Table& t, std::string_view heading) {
-    if (t.EventsLogHeading == heading) return;
-    t.EventsLogHeading = heading;
-    LogEvent(t, heading);
+void LogComingOut(Table& t, std::string_view kind, int p) {
+    Narrate(t, "----", kind, " shooter (", Name(t, p), ") coming out----------");
 }
 
 void LogScriptActivated(Table& t, int p) {
     const std::string& file = t.ScriptName[At(p)];
-    TextLine line = LineOf(t, p);
     if (file.empty()) {
-        line << "activated untitled auto-bets";
+        NarrateDetail(t, ScriptsHeading, p, "activated untitled auto-bets");
     } else {
-        line << "activated (" << file << ")";
+        NarrateDetail(t, ScriptsHeading, p, "activated (", file, ")");
     }
-    LogUnderHeading(t, ScriptsHeading, line.Text());
 }
 
 void LogScriptChanges(Table& t) {
@@ -84,7 +88,7 @@ void LogScriptChanges(Table& t) {
         if (t.ScriptOn[At(p)]) {
             LogScriptActivated(t, p);
         } else {
-            LogUnderHeading(t, ScriptsHeading, (LineOf(t, p) << "deactivated auto-bets").Text());
+            NarrateDetail(t, ScriptsHeading, p, "deactivated auto-bets");
         }
     }
 }
@@ -98,10 +102,8 @@ void LogBankrollsSince(Table& t, unsigned seats, const std::array<currency, Posi
         const currency difference = now - before[At(p)];
         if (IsZero(difference)) return;
         const bool rose = difference > currency{};
-        TextLine line = LineOf(t, p);
-        line << (rose ? "increased to " : "decreased to ") << now << " (" << Abs(difference) << " "
-             << (rose ? rise : fall) << ")";
-        LogUnderHeading(t, BankrollHeading, line.Text());
+        NarrateDetail(t, BankrollHeading, p, rose ? "increased to "sv : "decreased to "sv, now, " (", Abs(difference),
+                      " ", rose ? rise : fall, ")");
     });
 }
 
@@ -114,32 +116,36 @@ currency MovedByLastRoll(const Table& t, int p, int row) {
     return {};
 }
 
-/// Positions that ForRowsToCompare has rows for.
+/// Positions that ForRowsToCompare may have rows for.
 unsigned SeatsToCompare(const Table& t) {
-    unsigned seats = t.SeatsChangedSinceRoll;
-    const auto add = [&](int row) { seats |= t.SeatsOn[At(row)]; };
-    ForBits(t.RowsUp[0], 0, add);
-    ForBits(t.RowsUp[1], 64, add);
-    return seats;
+    const unsigned seats = t.SeatsChangedSinceRoll | t.SeatsCalled;
+    return IsPointNumber(t.DiceTotal) ? seats | t.SeatsOn[Row::Come] | t.SeatsOn[Row::DontCome] : seats;
 }
 
+bool MayHaveCalls(const Table& t, int p) { return (t.SeatsCalled >> p & 1u) != 0; }
+
 /// Calls `each` with the rows of p within 1..91, from low to high, whose amounts may differ from what stood before, or
-/// whose working state may have been called.
+/// whose working state may have been called: few before nearly every roll.
 template <class Each>
 void ForRowsToCompare(const Table& t, int p, const Each& each) {
     constexpr std::uint64_t below64 = ~std::uint64_t{1};  // there is no row 0
     constexpr std::uint64_t from64 = (std::uint64_t{1} << (Row::LastBet + 1 - 64)) - 1;
     static_assert(Row::Come < 64 && Row::DontCome < 64 && Row::Come10 < 64 && Row::DontCome10 < 64);
     const RowMask& stand = t.RowsOf[At(p)];
-    const RowMask& touched = t.ChangedSinceRoll[At(p)];
-    std::uint64_t low = stand[0] | touched[0];
+    std::uint64_t low = t.ChangedSinceRoll[At(p)][0], high = t.ChangedSinceRoll[At(p)][1];
     if (IsPointNumber(t.DiceTotal)) {
-        // A box that moved stood or was touched; then its number has another amount to be compared with.
+        // A box that moved stands or was touched; then its number has another amount to be compared with.
+        const std::uint64_t come = (stand[0] | low) >> Row::Come & 1, dont = (stand[0] | low) >> Row::DontCome & 1;
         const int index = PointIndex(t.DiceTotal);
-        low |= (low >> Row::Come & 1) << (Row::Come4 + index) | (low >> Row::DontCome & 1) << (Row::DontCome4 + index);
+        low |= come << Row::Come | dont << Row::DontCome;
+        low |= come << (Row::Come4 + index) | dont << (Row::DontCome4 + index);
+    }
+    if (MayHaveCalls(t, p)) {
+        low |= stand[0];
+        high |= stand[1];
     }
     ForBits(low & below64, 0, each);
-    ForBits((stand[1] | touched[1]) & from64, 64, each);
+    ForBits(high & from64, 64, each);
 }
 
 /// What stood when the last roll began, as far as it stayed where it was. A box that moved is empty and its number,
@@ -160,50 +166,33 @@ void LogAmountChange(Table& t, int p, int row, currency before) {
     if (now == before) return;
     if (IsZero(now) && ResolvedInLastRoll(t, p, row) && IsZero(MovedByLastRoll(t, p, row))) return;
     const std::string_view name = BetName(row);
-    TextLine line = LineOf(t, p);
     if (IsZero(now)) {
-        line << "removed " << before << " bet on " << name;
+        NarrateDetail(t, BetsHeading, p, "removed ", before, " bet on ", name);
     } else if (IsZero(before)) {
-        line << "bet " << now << " on " << name;
+        NarrateDetail(t, BetsHeading, p, "bet ", now, " on ", name);
     } else {
-        line << (now < before ? "decreased " : "increased ") << name << " to " << now;
+        NarrateDetail(t, BetsHeading, p, now < before ? "decreased "sv : "increased "sv, name, " to ", now);
     }
-    LogUnderHeading(t, BetsHeading, line.Text());
 }
 
 constexpr int CalledOn = 2, CalledOff = -1;
 bool IsCall(int state) { return state == CalledOn || state == CalledOff; }
 
 void LogWorkingChange(Table& t, int p, int row, bool stoodBefore) {
-    if (IsZero(t.BetAmount(p, row))) return;
+    if (!MayHaveCalls(t, p) || IsZero(t.BetAmount(p, row))) return;
     const int now = BetWorking(t, p, row);
     // A call that was left behind by an earlier bet on the row is none of this one's.
     const int before = stoodBefore ? t.PrevBetWorking(p, row) : 1;
     if (now == before || (!IsCall(now) && !IsCall(before))) return;
-    TextLine line = LineOf(t, p);
-    line << "called "
-         << (now == CalledOn    ? "ON "sv
-             : now == CalledOff ? "OFF "sv
-                                : ""sv)
-         << BetName(row) << " bet" << (IsCall(now) ? ""sv : " working normally again"sv);
-    LogUnderHeading(t, BetsHeading, line.Text());
-}
-
-/// Whether neither amount nor working state of a row can differ, which is so of nearly every bet before nearly every
-/// roll. Uncalled states follow the point and aren't told.
-bool StoodUntouched(const Table& t, int p, int row) {
-    const bool touched = (t.ChangedSinceRoll[At(p)][At(row >> 6)] >> (row & 63) & 1) != 0;
-    if (touched || IsCall(t.WorkingCells(p, row)) || IsCall(t.PrevBetWorking(p, row))) return false;
-    if (!IsPointNumber(t.DiceTotal)) return true;
-    const int index = PointIndex(t.DiceTotal);
-    return row != Row::Come && row != Row::DontCome && row != Row::Come4 + index && row != Row::DontCome4 + index;
+    const std::string_view call = now == CalledOn ? "ON "sv : now == CalledOff ? "OFF "sv : ""sv;
+    NarrateDetail(t, BetsHeading, p, "called ", call, BetName(row), " bet",
+                  IsCall(now) ? ""sv : " working normally again"sv);
 }
 
 void LogBetChanges(Table& t) {
     if (!t.RecordBetChanges) return;
     ForSeats(t, SeatsToCompare(t), [&](int p) {
         ForRowsToCompare(t, p, [&](int row) {
-            if (StoodUntouched(t, p, row)) return;
             const currency before = AmountBeforeChanges(t, p, row);
             LogAmountChange(t, p, row, before);
             LogWorkingChange(t, p, row, !IsZero(before));
@@ -229,9 +218,8 @@ void LogStackChanges(Table& t) {
         ForStacksTouched(t, p, [&](int row) {
             const currency now = t.BetAmount(p, row), before = t.PrevBetAmount(p, row);
             if (now == before) return;
-            TextLine line = LineOf(t, p);
-            line << (now > before ? "increased " : "decreased ") << BetTitle(row) << " to " << now;
-            LogUnderHeading(t, StacksHeading, line.Text());
+            NarrateDetail(t, StacksHeading, p, now > before ? "increased "sv : "decreased "sv, BetTitle(row), " to ",
+                          now);
         });
     });
 }
@@ -240,13 +228,8 @@ void LogStackChanges(Table& t) {
 
 void LogEvent(Table& t, std::string_view line) {
     t.EventsLogStarted = true;
+    if (t.Front != nullptr) t.Front->EventLogged(line);  // first: writing the log may change the line in its place
     if (t.Logs != nullptr) t.Logs->LogLine(t, line);
-    if (t.Front != nullptr) t.Front->EventLogged(line);
-}
-
-void LogUnderHeading(Table& t, std::string_view heading, std::string_view line) {
-    OpenBlock(t, heading);
-    LogEvent(t, line);
 }
 
 void LogChangesSinceRoll(Table& t) {
@@ -258,31 +241,44 @@ void LogChangesSinceRoll(Table& t) {
     LogStackChanges(t);
 }
 
-void LogRoll(Table& t, std::string_view source) {
+void LogRoll(Table& t, DiceSource source) {
     if (!t.EventsLogOn || !t.RecordRolls) return;
-    const int total = t.Die1 + t.Die2;
-    TextLine line;
-    line << " Roll #" << std::int64_t{SessionRolls(t) + 1} << ":  ";
-    if (total >= 10) line << '1';
-    line << Digit(total % 10) << " (" << Digit(t.Die1) << "." << Digit(t.Die2) << ")" << source;
-    LogEvent(t, line.Text());
+    const auto from = [&t](const auto&... words) {
+        Narrate(t, " Roll #", SessionRolls(t) + 1, ":  ", t.Die1 + t.Die2, " (", Digit(t.Die1), ".", Digit(t.Die2), ")",
+                words...);
+    };
+    switch (source) {
+        case DiceSource::Pad:
+            return from(" from manual roll pad");
+        case DiceSource::File:
+            return from(" from roll file");
+        case DiceSource::Generator:
+            break;
+    }
+    const int generator = t.RngIndex + 1;
+    if (!t.UseSkewedProbability) return from(" from RNG #", generator);
+    if (t.ProbabilityFileName.empty()) return from(" from RNG #", generator, " using untitled probability matrix");
+    from(" from RNG #", generator, " using probability matrix: ", t.ProbabilityFileName);
 }
 
 void LogDecision(Table& t, std::string_view decision) {
-    if (t.EventsLogOn && t.RecordPassesMisses) LogEvent(t, (TextLine() << "    " << decision).Text());
+    if (t.EventsLogOn && t.RecordPassesMisses) Narrate(t, "    ", decision);
 }
 
 void LogBetResult(Table& t, int p, int row, currency net) {
     if (!t.EventsLogOn || !(t.RecordBetsWon || t.RecordBetsLost)) return;
-    OpenBlock(t, !t.RecordBetsLost ? "    Wins:" : !t.RecordBetsWon ? "    Losses:" : "    Wins/losses:");
+    const std::string_view heading = !t.RecordBetsLost ? "    Wins:"sv
+                                     : t.RecordBetsWon ? "    Wins/losses:"sv
+                                                       : "    Losses:"sv;
+    OpenBlock(t, heading);
     const bool won = net > currency{};
     if (IsZero(net) || !(won ? t.RecordBetsWon : t.RecordBetsLost)) return;
-    LogEvent(t, (LineOf(t, p) << (won ? "won "sv : "lost "sv) << Abs(net) << " on " << BetName(row)).Text());
+    NarrateDetail(t, heading, p, won ? "won "sv : "lost "sv, Abs(net), " on ", BetName(row));
 }
 
 void LogContractMove(Table& t, int p, int fromRow, int toRow) {
     if (!t.EventsLogOn) return;
-    LogEvent(t, (Narrated(t, p) << "'s " << BetName(fromRow) << " bet moved to " << BetName(toRow)).Text());
+    Narrate(t, "    ", Name(t, p), "'s ", BetName(fromRow), " bet moved to ", BetName(toRow));
 }
 
 void LogBankrollResults(Table& t) {
@@ -296,12 +292,12 @@ void LogNextShooter(Table& t) {
     if (t.Shooter == 0) {
         LogEvent(t, NewHandLine);
     } else {
-        LogComingOut(t, t.Shooter == t.LastHandShooter ? "Same" : "New", t.PlayerName[At(t.Shooter)]);
+        LogComingOut(t, t.Shooter == t.LastHandShooter ? "Same" : "New", t.Shooter);
     }
 }
 
 void RememberWorkingForLog(Table& t) {
-    ForSeats(t, SeatsToCompare(t), [&](int p) {
+    ForSeats(t, t.SeatsCalled, [&](int p) {
         ForRowsToCompare(t, p,
                          [&](int row) { t.PrevBetWorking(p, row) = static_cast<std::int8_t>(BetWorking(t, p, row)); });
     });
@@ -326,67 +322,60 @@ void LogSessionStart(Table& t, bool fileExists) {
     if (fileExists) LogEvent(t, "============================================");
     const std::string date = t.Front != nullptr ? t.Front->DateText() : std::string{};
     const std::string time = t.Front != nullptr ? t.Front->TimeText() : std::string{};
-    LogEvent(t, (TextLine() << " New session started " << date << " @ " << time).Text());
+    Narrate(t, " New session started ", date, " @ ", time);
     for (int p = 1; p < Positions; ++p) {
         if (!IsSeated(t, p)) continue;
         const currency begin = t.BankrollBegin[At(p + Positions * Scope::Session)];
-        LogUnderHeading(t, "    Players:", (LineOf(t, p) << "at stick " << StickName(p) << " with " << begin).Text());
+        NarrateDetail(t, "    Players:", p, "at stick ", StickName(p), " with ", begin);
     }
-    if (t.DiceFileMode == 2) {
-        LogEvent(t, (TextLine() << "    Dice roll file playback active (" << t.DiceRollFileName << ")").Text());
-    }
+    if (t.DiceFileMode == 2) Narrate(t, "    Dice roll file playback active (", t.DiceRollFileName, ")");
     for (int p = 1; p < Positions; ++p) {
         if (IsSeated(t, p) && t.ScriptOn[At(p)]) LogScriptActivated(t, p);
     }
     if (t.Shooter == 0) {
         LogEvent(t, NewHandLine);
     } else if (t.RecordShooterChanges) {
-        LogComingOut(t, "New", t.PlayerName[At(t.Shooter)]);
+        LogComingOut(t, "New", t.Shooter);
     }
 }
 
 void LogJoined(Table& t, int p, currency buyIn) {
     if (!t.EventsLogOn) return;
-    LogEvent(t, (Narrated(t, p) << " joined the game at stick " << StickName(p) << " with " << buyIn).Text());
+    Narrate(t, "    ", Name(t, p), " joined the game at stick ", StickName(p), " with ", buyIn);
 }
 
 void LogMovedSeat(Table& t, int p, int to) {
-    if (t.EventsLogOn) LogEvent(t, (Narrated(t, p) << " moved to stick " << StickName(to)).Text());
+    if (t.EventsLogOn) Narrate(t, "    ", Name(t, p), " moved to stick ", StickName(to));
 }
 
 void LogRenamed(Table& t, std::string_view oldName, std::string_view newName) {
-    if (!t.EventsLogOn) return;
-    LogEvent(t, "    " + std::string(oldName) + "'s name changed to " + std::string(newName));
+    if (t.EventsLogOn) Narrate(t, "    ", oldName, "'s name changed to ", newName);
 }
 
 void LogDicePassed(Table& t, int p) {
-    if (!t.EventsLogOn || !t.RecordShooterChanges) return;
-    LogEvent(t, "    The dice were passed to " + t.PlayerName[At(p)]);
+    if (t.EventsLogOn && t.RecordShooterChanges) Narrate(t, "    The dice were passed to ", Name(t, p));
 }
 
 void LogCashOut(Table& t, int p, currency abandoned) {
     if (!t.EventsLogOn) return;
     const currency taken = t.Bankroll[At(p)] - abandoned;
     const currency net = taken - t.BankrollInvested[At(p)];
-    TextLine line = Narrated(t, p);
-    line << " cashed out with " << taken;
-    if (net > currency{}) {
-        line << "(net win: " << net << ")";
-    } else if (net < currency{}) {
-        line << "(net loss: " << -net;
-        // Without anything abandoned the parenthesis stays open, as logs have always had it.
-        if (!IsZero(abandoned)) line << " includes " << abandoned << " abandoned)";
-    }
-    LogEvent(t, line.Text());
+    const auto leaves = [&](const auto&... result) {
+        Narrate(t, "    ", Name(t, p), " cashed out with ", taken, result...);
+    };
+    if (IsZero(net)) return leaves();
+    if (net > currency{}) return leaves("(net win: ", net, ")");
+    // Without anything abandoned the parenthesis stays open, as logs have always had it.
+    if (IsZero(abandoned)) return leaves("(net loss: ", -net);
+    leaves("(net loss: ", -net, " includes ", abandoned, " abandoned)");
 }
 
 void LogSeeded(Table& t, std::int64_t seed) {
-    if (!t.EventsLogOn) return;
-    LogEvent(t, "    RNG #" + std::to_string(t.RngIndex + 1) + " seeded: " + std::to_string(seed));
+    if (t.EventsLogOn) Narrate(t, "    RNG #", t.RngIndex + 1, " seeded: ", seed);
 }
 
 void LogPlayback(Table& t) {
-    if (t.EventsLogOn) LogEvent(t, "    Dice roll file playback activated (" + t.DiceRollFileName + ")");
+    if (t.EventsLogOn) Narrate(t, "    Dice roll file playback activated (", t.DiceRollFileName, ")");
 }
 
 }  // namespace tarnwick

@@ -12,22 +12,20 @@ namespace tarnwick {
 /// Gives one line to the log. The caller has tested EventsLogOn and the flag of the line's kind.
 void LogEvent(Table& t, std::string_view line);
 
-/// A detail line under `heading`, which is logged first when it isn't the heading of the present block. The caller has
-/// tested as for LogEvent.
-void LogUnderHeading(Table& t, std::string_view heading, std::string_view line);
-
 /// Begins a new block: the next heading is written again. LogChangesSinceRoll and LogBankrollResults do it themselves;
 /// settlement needs it once a roll, before its first bet.
-inline void BeginLogBlock(Table& t) { t.EventsLogHeading.clear(); }
+inline void BeginLogBlock(Table& t) { t.EventsLogHeading = {}; }
 
 // --- the roll cycle ---
 
 /// The changes since the last roll, before the snapshot: scripts, bankrolls, bets, CheckStacks. Bets are compared with
 /// PrevBetAmount, what stood when the last roll began: a bet that the last roll resolved isn't told as removed, and
-/// what moved from a box is taken to have stood on its number. Only rows that stand or were touched are looked at.
+/// what moved from a box is taken to have stood on its number. Only rows that were touched, moved or may be called are
+/// looked at.
 void LogChangesSinceRoll(Table& t);
-/// The roll of Die1 and Die2, not yet counted, with its source (" from roll file").
-void LogRoll(Table& t, std::string_view source);
+enum class DiceSource { Pad, File, Generator };
+/// The roll of Die1 and Die2, not yet counted, with its source.
+void LogRoll(Table& t, DiceSource source);
 /// The line decision: "Pass (point rolled)", behind four blanks.
 void LogDecision(Table& t, std::string_view decision);
 /// A working bet of p 1..8 on row 1..91 was settled with a net result. The block's heading is written even if the line

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <type_traits>
 #include <utility>
 
 #include "files/codepage.h"
@@ -26,21 +27,38 @@ char LowerByte(char c) {
 
 void Lower(std::string& bytes) { std::transform(bytes.begin(), bytes.end(), bytes.begin(), LowerByte); }
 
-/// Whether all characters are printable ones of ASCII. Eight at a time: every line of a run comes by here.
-bool IsPlain(std::string_view text) {
-    if (text.size() < 8) return std::all_of(text.begin(), text.end(), [](char c) { return ' ' <= c && c <= '~'; });
-    constexpr std::uint64_t each = 0x0101010101010101u;
-    std::uint64_t odd = 0;
-    const auto look = [&odd](const char* at) {
-        std::uint64_t eight = 0;
-        std::memcpy(&eight, at, 8);
-        // A byte below 20 borrows, one of 7F or above has or gets the top bit; a borrow can only add an odd one.
-        odd |= (eight - each * 0x20) | (eight + each) | eight;
+/// What code page 1252 may have otherwise than UTF-8, or a line may not hold.
+struct OddBytes {
+    std::size_t Controls = 0;
+    bool BeyondAscii = false;
+};
+
+OddBytes FindOddBytes(std::string_view text) {
+    OddBytes odd;
+    const auto look = [&odd](const char* at, auto length) {
+        std::uint8_t all = 0, controls = 0;  // small ones, so that many bytes are looked at together
+        for (std::size_t i = 0; i < length; ++i) {
+            const auto byte = static_cast<std::uint8_t>(at[i]);
+            all = static_cast<std::uint8_t>(all | byte);
+            controls = static_cast<std::uint8_t>(controls + (byte < ' ' ? 1 : 0));
+        }
+        odd.BeyondAscii |= all >= 0x80;
+        odd.Controls += controls;
     };
-    const char* last = text.data() + text.size() - 8;
-    for (const char* at = text.data(); at < last; at += 8) look(at);
-    look(last);
-    return (odd & each * 0x80) == 0;
+    using Stride = std::integral_constant<std::size_t, 128>;
+    std::size_t seen = 0;
+    for (; seen + Stride::value <= text.size(); seen += Stride::value) look(text.data() + seen, Stride{});
+    look(text.data() + seen, text.size() - seen);
+    return odd;
+}
+
+/// The line's bytes in the code page, without line breaks.
+std::string OneLineOfCodePage(std::string_view line) {
+    std::string bytes = ToCodePage(line).Bytes;
+    for (char& c : bytes) {
+        if (c == '\r' || c == '\n' || c == '\0') c = ' ';
+    }
+    return bytes;
 }
 
 /// Both locked, the reference first: every program takes them in this order.
@@ -73,22 +91,39 @@ std::string About(const std::string& path, const std::string& fault) {
 
 // --- writing ---
 
-void EventsLogWriter::Collect(std::string_view line) {
-    std::string converted;
-    if (!IsPlain(line)) {
-        converted = ToCodePage(line).Bytes;
-        for (char& c : converted) {
-            if (c == '\r' || c == '\n' || c == '\0') c = ' ';
-        }
-        line = converted;
-    }
-    Starts.push_back(static_cast<std::int64_t>(PendingEnd));
-    const std::size_t end = PendingEnd + line.size() + LineEnd.size();
+char* EventsLogWriter::Room(std::size_t bytes) {
+    const std::size_t end = PendingEnd + bytes + LineEnd.size();
     if (end > Pending.size()) Pending.resize(std::max(2 * end, FirstRoom));
+    return Pending.data() + PendingEnd;
+}
+
+void EventsLogWriter::Collect(std::string_view line) {
     char* to = Pending.data() + PendingEnd;
-    std::memcpy(to, line.data(), line.size());
+    if (line.data() != to) {
+        to = Room(line.size());
+        std::memmove(to, line.data(), line.size());
+    }
     std::memcpy(to + line.size(), LineEnd.data(), LineEnd.size());
-    PendingEnd = end;
+    Starts.push_back(static_cast<std::int64_t>(PendingEnd));
+    PendingEnd += line.size() + LineEnd.size();
+}
+
+/// Brings the pending lines into the code page, where none is longer than in UTF-8. Mostly there is nothing to do.
+void EventsLogWriter::EncodePending() {
+    const OddBytes odd = FindOddBytes({Pending.data(), PendingEnd});
+    if (!odd.BeyondAscii && odd.Controls == Starts.size() * LineEnd.size()) return;
+    std::size_t to = 0;
+    for (std::size_t n = 0; n < Starts.size(); ++n) {
+        const auto from = static_cast<std::size_t>(Starts[n]);
+        const std::size_t end = n + 1 < Starts.size() ? static_cast<std::size_t>(Starts[n + 1]) : PendingEnd;
+        const std::string line = OneLineOfCodePage({Pending.data() + from, end - from - LineEnd.size()});
+        Starts[n] = static_cast<std::int64_t>(to);
+        for (const std::string_view part : {std::string_view(line), LineEnd}) {
+            std::memcpy(Pending.data() + to, part.data(), part.size());
+            to += part.size();
+        }
+    }
+    PendingEnd = to;
 }
 
 void EventsLogWriter::DropPending() {
@@ -108,8 +143,8 @@ std::int32_t EventsLogWriter::LastPending(bool (*fits)(std::string_view line)) c
     return 0;
 }
 
-std::string EventsLogWriter::Open(const EventsLogPaths& paths) {
-    if (Log.IsOpen() && paths == Paths && Log.IsStillThere() && Reference.IsStillThere()) return {};
+std::string EventsLogWriter::Open(const EventsLogPaths& paths, bool anew) {
+    if (!anew && Log.IsOpen() && paths == Paths) return {};
     std::string fault = Close();
     if (!fault.empty()) return fault;
     Paths = paths;
@@ -139,28 +174,31 @@ void EventsLogWriter::KeepWhatFits(std::int64_t room, Written& written) {
     }
 }
 
-/// The records of the pending lines, the first of which began at byte `start`.
+/// Appends the records of the pending lines, the first of which began at byte `start`.
 std::string EventsLogWriter::AppendToReference(std::int64_t start, Written& written) {
     const std::string records = ReferenceRecords(Starts, start);
-    written.FirstLine = ReferenceLines(Reference) + 1;
-    std::string fault = About(Paths.Reference, Reference.WriteAt(Reference.Length(), records));
+    const std::int64_t end = Reference.Length();
+    written.FirstLine = ReferenceLines(end) + 1;
+    std::string fault = About(Paths.Reference, Reference.WriteAt(end, records));
     Reference.TakeTimeOf(Log);
+    ReferenceEnd = end + static_cast<std::int64_t>(records.size());
     return fault;
 }
 
 /// Appends what is pending. Needs both files locked.
 void EventsLogWriter::WriteLocked(bool stayOpen, Written& written) {
-    ReferenceBehind = !KnowsReference() && !ReferenceFits(Log, Reference);
+    const bool ownEnd = KnowsReference();
+    ReferenceBehind = !ownEnd && !ReferenceFits(Log, Reference);
     if (ReferenceBehind && !stayOpen) {
         written.Fault = About(Paths.Reference, RebuildReference(Log, Reference));
         if (!written.Fault.empty()) return;
         ReferenceBehind = false;
     }
+    const std::int64_t end = ownEnd ? LogEnd : Log.Length();
     LogEnd = -1;  // unknown until all is written
-    const std::int64_t end = Log.Length();
     char last = '\n';
     // A line that a crash cut short is ended first.
-    const bool cutShort = end > 0 && Log.ReadAt(end - 1, &last, 1) == 1 && last != '\n';
+    const bool cutShort = !ownEnd && end > 0 && Log.ReadAt(end - 1, &last, 1) == 1 && last != '\n';
     const std::int64_t start = end + (cutShort ? static_cast<std::int64_t>(LineEnd.size()) : 0);
     KeepWhatFits(LongestLog - start, written);
     if (!HasPending()) return;
@@ -172,16 +210,16 @@ void EventsLogWriter::WriteLocked(bool stayOpen, Written& written) {
         return;
     }
     if (!ReferenceBehind) written.Fault = AppendToReference(start, written);
-    if (!written.Fault.empty()) return;
-    LogEnd = Log.Length();
-    ReferenceEnd = Reference.Length();
+    if (written.Fault.empty()) LogEnd = start + static_cast<std::int64_t>(lines.size());
 }
 
 EventsLogWriter::Written EventsLogWriter::Write(const EventsLogPaths& paths, bool stayOpen) {
     Written written;
+    EncodePending();
     constexpr int attempts = 1000;  // each one means that somebody deleted the log between two steps of ours
     for (int i = 0; i < attempts && HasPending(); ++i) {
-        written.Fault = Open(paths);
+        const bool replaced = i > 0;
+        written.Fault = Open(paths, replaced);
         if (!written.Fault.empty()) break;
         const BothLocked lock(Log, Reference);
         written.Fault = About(paths.Log, lock.Fault);
@@ -245,7 +283,7 @@ std::string EventsLogReader::Open(const EventsLogPaths& paths) {
         if (!ReferenceFits(Log, Reference)) fault = About(paths.Reference, RebuildReference(Log, Reference));
         if (!fault.empty()) return fault;
     }
-    LineCount = ReferenceLines(Reference);
+    LineCount = ReferenceLines(Reference.Length());
     return {};
 }
 

@@ -25,6 +25,8 @@ class EventsLogWriter {
 
     /// Adds a line, in UTF-8. Line breaks in it become blanks.
     void Collect(std::string_view line);
+    /// Where a line of up to `bytes` bytes may be put together: Collect, if next, takes it without a copy.
+    char* Room(std::size_t bytes);
     bool HasPending() const { return !Starts.empty(); }
     std::size_t PendingBytes() const { return PendingEnd; }
     void DropPending();
@@ -43,13 +45,14 @@ class EventsLogWriter {
     std::string Close();
 
   private:
-    std::string Open(const EventsLogPaths& paths);
+    void EncodePending();
+    std::string Open(const EventsLogPaths& paths, bool anew);
     void WriteLocked(bool stayOpen, Written& written);
     void KeepWhatFits(std::int64_t room, Written& written);
     std::string AppendToReference(std::int64_t start, Written& written);
     bool KnowsReference() const;
 
-    std::string Pending;  ///< up to PendingEnd; what lies behind is room
+    std::string Pending;  ///< in UTF-8 up to PendingEnd; what lies behind is room
     std::size_t PendingEnd = 0;
     std::vector<std::int64_t> Starts;  ///< of the pending lines, within Pending
     EventsLogPaths Paths;

@@ -58,8 +58,8 @@ std::string ReferenceRecords(const std::vector<std::int64_t>& lines, std::int64_
     return records;
 }
 
-std::int32_t ReferenceLines(const SharedFile& reference) {
-    return static_cast<std::int32_t>(std::min(reference.Length() / RecordBytes, MaxEventsLogLength));
+std::int32_t ReferenceLines(std::int64_t length) {
+    return static_cast<std::int32_t>(std::min(length / RecordBytes, MaxEventsLogLength));
 }
 
 std::int64_t LineStart(const SharedFile& log, const SharedFile& reference, std::int32_t line) {
@@ -72,7 +72,7 @@ bool ReferenceFits(const SharedFile& log, const SharedFile& reference) {
     const std::int64_t length = reference.Length();
     if (log.Length() == 0 || length == 0) return log.Length() == length;
     if (length % RecordBytes != 0 || log.ChangedAt() != reference.ChangedAt()) return false;
-    const std::int64_t start = LineStart(log, reference, ReferenceLines(reference));
+    const std::int64_t start = LineStart(log, reference, ReferenceLines(length));
     return start >= 0 && IsLastLine(log, start);
 }
 

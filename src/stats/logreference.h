@@ -28,8 +28,8 @@ bool ReferenceFits(const SharedFile& log, const SharedFile& reference);
 /// nothing.
 std::string RebuildReference(SharedFile& log, SharedFile& reference);
 
-/// Lines that the reference lists.
-std::int32_t ReferenceLines(const SharedFile& reference);
+/// Lines that a reference of `length` bytes lists.
+std::int32_t ReferenceLines(std::int64_t length);
 /// Byte at which line n >= 1 begins, from 0; -1 when the reference has no such line or a place outside `log`.
 std::int64_t LineStart(const SharedFile& log, const SharedFile& reference, std::int32_t line);
 

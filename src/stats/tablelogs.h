@@ -27,6 +27,7 @@ class TableLogs : public LogHost {
     /// Writes what was collected, so that a reader sees it.
     void Flush(Table& t);
 
+    char* LineRoom(std::size_t bytes) override { return Writer.Room(bytes); }
     void LogLine(Table& t, std::string_view line) override;
     void Serve(Table& t) override { Flush(t); }
     void RunStateChanged(Table& t) override;

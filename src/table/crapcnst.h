@@ -47,6 +47,8 @@ struct ScriptHost {
 /// What the table asks of its logs on the disk. Null on a table that keeps none.
 struct LogHost {
     virtual ~LogHost() = default;
+    /// Where a line of up to `bytes` bytes may be put together: LogLine takes it from there without a copy.
+    virtual char* LineRoom(std::size_t bytes) = 0;
     /// One line for the Events Log.
     virtual void LogLine(Table& t, std::string_view line) = 0;
     /// Between two rolls of a run, every few milliseconds.
@@ -88,7 +90,8 @@ struct Table : Settings, DiceState, Statistics, DisplayState {
     PerBet<currency, RowCount201> BetAfterRoll;   ///< as it stood when the last roll had ended
     PerBet<currency, 100> EstablishedBet;         ///< established at the last roll; 0 once settled
     PerBet<std::int8_t, 101> WorkingCells;        ///< read through BetWorking(t, p, row)
-    PerBet<std::int8_t, 101> PrevBetWorking;      ///< at the end of the last roll; kept while the Events Log is on
+    PerBet<std::int8_t, 101> PrevBetWorking;      ///< before the last scripts; for SeatsCalled, while the log is on
+    SeatMask SeatsCalled = 0;                     ///< positions that may have a 2 or -1 in either of these
     PerBet<std::int32_t, 101> BetStreak;          ///< +n wins, -n losses in a row
     PerBet<std::int32_t, 101> PrevBetStreak;      ///< before the last roll
     std::array<std::array<currency, 6>, Positions> BuyVigCharged{};  ///< rows 37..42
@@ -142,8 +145,8 @@ struct Table : Settings, DiceState, Statistics, DisplayState {
     bool PointMoving = false;          ///< the roll moved the point, and uncalled bets don't follow it yet
     std::string StopReason;
     std::string GameFolder;  ///< where files of a script that have no folder of their own lie; empty: the current one
-    std::string EventsLogHeading;
-    bool EventsLogStarted = false;  ///< a line was given to the log
+    std::string_view EventsLogHeading;  ///< one of a fixed set
+    bool EventsLogStarted = false;      ///< a line was given to the log
 
     // --- kept by SetBetAmount and its like ---
     std::array<SeatMask, RowCount201> SeatsOn{};        ///< by row: positions with an amount above 0

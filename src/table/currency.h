@@ -50,6 +50,9 @@ constexpr Int HalfEvenDivide(Int a, std::type_identity_t<Int> b) {
     return over > under || (over == under && q % 2 != 0) ? q + 1 : q;
 }
 
+/// The one amount that can't be negated.
+constexpr currency LowestCurrency{std::numeric_limits<std::int64_t>::min()};
+
 constexpr std::int64_t Saturate(int128 n) {
     constexpr int128 lowest = std::numeric_limits<std::int64_t>::min();
     constexpr int128 highest = std::numeric_limits<std::int64_t>::max();
@@ -64,7 +67,7 @@ constexpr currency SaturatedSum(currency a, currency b) {
 /// Exact `a * b / c`, halves to the even ten-thousandth, held at the ends of the range. `c` must not be 0.
 constexpr currency MultiplyDivide(currency a, currency b, currency c) {
     if (b == c) return a;  // even money, the commonest payoff
-    if (b == -c) return -a;
+    if (c.TenThousandths > 0 && b == -c && a != LowestCurrency) return -a;
     std::int64_t product = 0;
     if (c.TenThousandths > 0 && !__builtin_mul_overflow(a.TenThousandths, b.TenThousandths, &product)) {
         return {HalfEvenDivide(product, c.TenThousandths)};
@@ -117,5 +120,10 @@ static_assert(MultiplyDivide(Dollars(1), Dollars(1), Dollars(3)) == currency{3'3
 static_assert(MultiplyDivide(currency{1}, Dollars(1), Dollars(2)) == currency{0});  // 0.00005: to the even 0
 static_assert(MultiplyDivide(currency{3}, Dollars(1), Dollars(2)) == currency{2});  // 0.00015: to the even 2
 static_assert(MultiplyDivide(currency{-3}, Dollars(1), Dollars(2)) == currency{-2});
+static_assert(MultiplyDivide(LowestCurrency, Dollars(-1), Dollars(1)).TenThousandths ==
+              std::numeric_limits<std::int64_t>::max());
+static_assert(MultiplyDivide(Dollars(1), Dollars(1), LowestCurrency) == currency{});
+static_assert(MultiplyDivide(Dollars(1), LowestCurrency, Dollars(-1)).TenThousandths ==
+              std::numeric_limits<std::int64_t>::max());
 
 }  // namespace tarnwick

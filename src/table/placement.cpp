@@ -417,6 +417,7 @@ int BetWorking(const Table& t, int p, int row) {
 
 void SetBetWorking(Table& t, int p, int row, int state) {
     const bool called = state == 2 || state == -1;
+    if (called) t.SeatsCalled = static_cast<SeatMask>(t.SeatsCalled | (1u << p));
     if (!called && t.WorkingOverlay != 0) {
         // Under the overlay an uncalled bet has the state of the point; any other one needs the cells themselves.
         // So has one made while the point is moving, before long: once the bets of the roll are settled.

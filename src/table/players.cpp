@@ -123,6 +123,7 @@ void SwapBets(Table& t, int p, int q) {
     SwapRows(t.EstablishedBet, p, q);
     SwapRows(t.WorkingCells, p, q);
     SwapRows(t.PrevBetWorking, p, q);
+    if (((t.SeatsCalled >> p ^ t.SeatsCalled >> q) & 1) != 0) t.SeatsCalled ^= static_cast<SeatMask>(1u << p | 1u << q);
     SwapRows(t.ComeOutWorking, p, q);
     SwapRows(t.BetStreak, p, q);
     SwapRows(t.PrevBetStreak, p, q);

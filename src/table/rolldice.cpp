@@ -24,7 +24,6 @@
 #include "table/rundriver.h"
 #include "table/screen.h"
 #include "table/settlement.h"
-#include "table/textline.h"
 
 namespace tarnwick {
 
@@ -116,8 +115,6 @@ bool MeetsRequirement(Table& t) {
     return true;
 }
 
-enum class DiceSource { Pad, File, Generator };
-
 /// Whether the next roll can be had, before anything of the roll is counted. A file that ended or holds no dice ends
 /// the run.
 bool SourceReady(Table& t, DiceSource& source, bool& fileEnded) {
@@ -198,21 +195,6 @@ int RememberAfterRoll(Table& t) {
 
 // --- the dice ---
 
-TextLine SourceText(const Table& t, DiceSource source) {
-    TextLine text;
-    if (source == DiceSource::Pad) {
-        text << " from manual roll pad";
-    } else if (source == DiceSource::File) {
-        text << " from roll file";
-    } else {
-        text << " from RNG #" << std::int64_t{t.RngIndex} + 1;
-        if (!t.UseSkewedProbability) return text;
-        text << (t.ProbabilityFileName.empty() ? " using untitled probability matrix" : " using probability matrix: ")
-             << t.ProbabilityFileName;
-    }
-    return text;
-}
-
 void ThrowDice(Table& t, DiceSource source) {
     if (source == DiceSource::Generator) {
         DrawDice(t);
@@ -224,7 +206,7 @@ void ThrowDice(Table& t, DiceSource source) {
         t.Die2 = t.PadDie2;
     }
     t.DiceTotal = t.Die1 + t.Die2;
-    if (t.EventsLogOn && t.RecordRolls) LogRoll(t, SourceText(t, source).Text());
+    if (t.EventsLogOn && t.RecordRolls) LogRoll(t, source);
     if (t.DiceFileMode == 1) RecordRoll(t);
     if (t.HyperDriveActive || t.Front == nullptr) return;
     t.Front->DrawDiceThrow();

@@ -117,6 +117,7 @@ void RememberStart(Table& t) {
         TouchSeat(t, p);
     }
     t.PrevBetWorking = AllBetWorking(t);
+    t.SeatsCalled = 0;  // no bet stands
 }
 
 void TreatDiceFile(Table& t, SessionOptions::DiceFile option) {

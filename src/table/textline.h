@@ -1,11 +1,10 @@
-// Short texts put together at speed: lines of the Events Log are made several times a roll.
+// Short texts put together at speed: lines of the Events Log are made several times a roll. A text is a row of pieces:
+// literals, strings, characters, whole numbers and amounts of money.
 #pragma once
 
-#include <array>
 #include <charconv>
 #include <cstdint>
 #include <cstring>
-#include <string>
 #include <string_view>
 
 #include "table/currency.h"
@@ -13,67 +12,53 @@
 
 namespace tarnwick {
 
-/// A line under construction. One of common length needs no memory; a longer one is as good.
-class TextLine {
-  public:
-    template <std::size_t N>
-    TextLine& operator<<(const char (&literal)[N]) {
-        constexpr std::size_t length = N - 1;
-        if (length > Room()) return Spill({static_cast<const char*>(literal), length});
-        std::memcpy(End(), literal, length);  // of a length known beforehand: a move or two
-        Used += length;
-        return *this;
-    }
-    TextLine& operator<<(std::string_view text) {
-        if (text.size() > Room()) return Spill(text);
-        std::memcpy(End(), text.data(), text.size());
-        Used += text.size();
-        return *this;
-    }
-    TextLine& operator<<(char c) {
-        if (Room() == 0) return Spill({&c, 1});
-        *End() = c;
-        ++Used;
-        return *this;
-    }
-    TextLine& operator<<(std::int64_t number) {
-        return Number([number](char* to) { return std::to_chars(to, to + LongestAmount, number).ptr; });
-    }
-    /// As PlainAmount has it, behind "$".
-    TextLine& operator<<(currency amount) {
-        *this << "$";
-        return Number([amount](char* to) { return WritePlainAmount(to, amount); });
-    }
-    std::string_view Text() const {
-        return More.empty() ? std::string_view(Short.data(), Used) : std::string_view(More);
-    }
+/// Bytes that a piece takes at most.
+template <std::size_t N>
+constexpr std::size_t RoomFor(const char (&)[N]) {
+    return N - 1;
+}
+constexpr std::size_t RoomFor(std::string_view text) { return text.size(); }
+constexpr std::size_t RoomFor(char) { return 1; }
+constexpr std::size_t RoomFor(int) { return LongestAmount; }
+constexpr std::size_t RoomFor(std::int64_t) { return LongestAmount; }
+constexpr std::size_t RoomFor(currency) { return LongestAmount + 1; }
 
-  private:
-    std::size_t Room() const { return Short.size() - Used; }
-    char* End() { return Short.data() + Used; }
+/// Writes a piece at `to`, where it has room; returns the end.
+template <std::size_t N>
+char* WritePiece(char* to, const char (&literal)[N]) {
+    std::memcpy(to, literal, N - 1);  // of a length known beforehand: a move or two
+    return to + (N - 1);
+}
+inline char* WritePiece(char* to, std::string_view text) {
+    std::memcpy(to, text.data(), text.size());
+    return to + text.size();
+}
+inline char* WritePiece(char* to, char c) {
+    *to = c;
+    return to + 1;
+}
+inline char* WritePiece(char* to, std::int64_t number) {
+    if (0 <= number && number <= 9) return WritePiece(to, static_cast<char>('0' + number));
+    return std::to_chars(to, to + LongestAmount, number).ptr;
+}
+inline char* WritePiece(char* to, int number) { return WritePiece(to, std::int64_t{number}); }
+/// As PlainAmount has it, behind "$".
+inline char* WritePiece(char* to, currency amount) {
+    *to = '$';
+    return WritePlainAmount(to + 1, amount);
+}
 
-    template <class Write>
-    TextLine& Number(Write write) {
-        if (Room() >= LongestAmount) {
-            Used += static_cast<std::size_t>(write(End()) - End());
-            return *this;
-        }
-        std::array<char, LongestAmount> digits;
-        const char* end = write(digits.data());
-        return *this << std::string_view(digits.data(), static_cast<std::size_t>(end - digits.data()));
-    }
+/// Bytes that the pieces take together at most.
+template <class... Piece>
+std::size_t RoomForAll(const Piece&... pieces) {
+    return (std::size_t{0} + ... + RoomFor(pieces));
+}
 
-    /// Goes over to `More` and leaves no room in `Short`, so that whatever follows comes by here too.
-    TextLine& Spill(std::string_view text) {
-        if (More.empty()) More.assign(Short.data(), Used);
-        Used = Short.size();
-        More += text;
-        return *this;
-    }
-
-    std::array<char, 160> Short;
-    std::size_t Used = 0;
-    std::string More;
-};
+/// Writes the pieces one behind the other at `to`, where they have room; returns the end.
+template <class... Piece>
+char* WritePieces(char* to, const Piece&... pieces) {
+    ((to = WritePiece(to, pieces)), ...);
+    return to;
+}
 
 }  // namespace tarnwick

@@ -7,6 +7,7 @@
 
 #include "stats/accumulators.h"
 #include "table/placement.h"
+#include "table/players.h"
 #include "table/screen.h"
 
 namespace tarnwick {
@@ -227,6 +228,17 @@ TEST_F(EventsLogTest, CallsOfBetsThatStand) {
     }
 }
 
+TEST_F(EventsLogTest, CallsGoWithAPlayerToAnotherPlace) {
+    SetBetAmount(t, 1, Row::Hard4, Dollars(5));
+    SetBetWorking(t, 1, Row::Hard4, -1);
+    Roll(6, 5);
+    RememberWorkingForLog(t);
+    MovePlayer(t, 1, 5);
+    Roll(6, 5);
+    SetBetWorking(t, 5, Row::Hard4, 1);
+    EXPECT_THAT(Changes(), ElementsAre("    Bets:", "      Ann called Hard 4 bet working normally again"));
+}
+
 TEST_F(EventsLogTest, GroupsInTheirOrderEachWithOneHeading) {
     t.PrevScriptOn[8] = true;
     t.ScriptOn[1] = true;
@@ -287,10 +299,13 @@ TEST_F(EventsLogTest, RollsAndDecisions) {
     t.Die1 = 4;
     t.Die2 = 2;
     t.DiceTotal = 11;  // of the roll before
-    EXPECT_THAT(LinesOf([this] { LogRoll(t, " from RNG #2 using probability matrix: loaded.prb"); }),
+    t.RngIndex = 1;
+    t.UseSkewedProbability = true;
+    t.ProbabilityFileName = "loaded.prb";
+    EXPECT_THAT(LinesOf([this] { LogRoll(t, DiceSource::Generator); }),
                 ElementsAre(" Roll #1:  6 (4.2) from RNG #2 using probability matrix: loaded.prb"));
     Roll(6, 6);
-    EXPECT_THAT(LinesOf([this] { LogRoll(t, " from manual roll pad"); }),
+    EXPECT_THAT(LinesOf([this] { LogRoll(t, DiceSource::Pad); }),
                 ElementsAre(" Roll #2:  12 (6.6) from manual roll pad"));
     EXPECT_THAT(LinesOf([this] { LogDecision(t, "Miss (seven-out)"); }), ElementsAre("    Miss (seven-out)"));
 }
@@ -431,7 +446,7 @@ TEST_F(EventsLogTest, NarrationOfPlayersAndSourcesOnlyWhileTheLogIsOn) {
     SetEventsLogOn(t, false);
     EXPECT_THAT(LinesOf([&] {
                     all();
-                    LogRoll(t, "");
+                    LogRoll(t, DiceSource::File);
                     LogDecision(t, "Pass (natural)");
                     LogBetResult(t, 1, Row::Field, Dollars(1));
                     LogCashOut(t, 1, {});
