@@ -64,6 +64,7 @@ class MainWindow : public QMainWindow {
     void MakeActionMenu();
     void MakeOptionsMenu();
     void MakeViewMenu();
+    void MakeWindowsMenu();
     void MakeHelpMenu();
     void MakeCursorEntries(QMenu& menu);
     void MakeStatusLines(QMenu& menu);
@@ -124,6 +125,8 @@ class MainWindow : public QMainWindow {
     std::int64_t RunFrom = 0;  ///< rolls of the session when the Hyper-Drive began
     QElapsedTimer RunClock, SinceProgress;
     std::array<QAction*, 5> CheckActions{};
+    std::array<QAction*, 5> StatusAlignActions{};
+    QList<QAction*> WindowActions;  ///< that open windows
     std::vector<std::pair<QAction*, std::int32_t>> StatusLineActions;
     QAction* RunAction = nullptr;
     std::vector<std::pair<QAction*, bool Table::*>> Switches;

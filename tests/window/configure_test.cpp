@@ -254,7 +254,7 @@ TEST_F(ConfigureTest, TabReachesEveryControl) {
         Open(page.Number);
         std::set<const QWidget*> reached;
         Find<QTabBar>("tabs").setFocus();  // from there on, as a grid keeps Tab for its cells
-        for (int i = 0; i < 600; ++i) {  // more than the payoffs have numbers
+        for (int i = 0; i < 600; ++i) {    // more than the payoffs have numbers
             const QWidget* control = Window->focusWidget();
             if (control != nullptr && !reached.insert(control).second && i > 400) break;
             Key(Qt::Key_Tab);

@@ -1,4 +1,5 @@
 // An evening without a mouse, and what the mouse does beside betting.
+#include <QFile>
 #include <QMenu>
 #include <QMenuBar>
 #include <map>
@@ -136,6 +137,20 @@ TEST_F(KeyboardTest, MenusHaveALetterForEveryEntryAndNoShortcutTwice) {
         for (const QKeySequence& shortcut : action->shortcuts()) {
             EXPECT_FALSE(keys.contains(shortcut.toString())) << shortcut.toString().toStdString();
             keys.insert(shortcut.toString());
+        }
+    }
+}
+
+TEST_F(KeyboardTest, TheGuideTellsEveryKey) {
+    QFile guide(QStringLiteral("doc/table.md"));
+    ASSERT_TRUE(guide.open(QIODevice::ReadOnly));
+    const QString text = QString::fromUtf8(guide.readAll());
+    for (const QAction* action : Window.findChildren<QAction*>()) {
+        for (const QKeySequence& shortcut : action->shortcuts()) {
+            QString key = shortcut.toString(QKeySequence::PortableText);
+            // Of a row of digits the guide tells the first and the last.
+            if (key.back().isDigit() && key[0] != 'F') key.back() = key.size() == 1 ? '5' : '9';
+            EXPECT_TRUE(text.contains('`' + key + '`')) << key.toStdString();
         }
     }
 }

@@ -126,6 +126,7 @@ const QStringList Unguarded = {"Stop &Hyper-Drive",
                                "A&dd a check",
                                "&Take a check off",
                                "Key in an a&mount ...",
+                               "C&lose all",
                                "&About Tarnwick"};
 
 TEST_F(RunTest, EveryCommandAsksBeforeItDisturbsARun) {
