@@ -2,7 +2,9 @@
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <memory>
 
 #include "dice/dice.h"
@@ -19,7 +21,7 @@ namespace {
 
 using namespace tarnwick;
 
-constexpr std::int64_t Rolls = 5'000'000;
+constexpr std::int64_t Rolls = 20'000'000;
 
 /// A Pass Line player who goes on with the same bet, for a run of Rolls rolls.
 void PrepareRun(Table& t) {
@@ -59,5 +61,27 @@ void RunInTheMainWindow(benchmark::State& state) {
     state.SetItemsProcessed(state.iterations() * Rolls);
 }
 BENCHMARK(RunInTheMainWindow)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+/// From the moment at which the user's stop is due until the table is drawn again.
+void StopOfARun(benchmark::State& state) {
+    const QTemporaryDir folder;
+    MainWindow window(folder.path().toStdString());
+    window.resize(1280, 760);
+    window.show();
+    QCoreApplication::processEvents();
+    Table& t = window.CurrentGame().T();
+    constexpr int due = 50;
+    for (auto _ : state) {
+        PrepareRun(t);
+        t.RunUntilRoll = 0;
+        QElapsedTimer clock;
+        clock.start();
+        QTimer::singleShot(due, Qt::PreciseTimer, &window, [&window] { window.ToggleRun(); });
+        window.ToggleRun();
+        QCoreApplication::processEvents();
+        state.SetIterationTime(static_cast<double>(clock.nsecsElapsed()) / 1e9 - due / 1e3);
+    }
+}
+BENCHMARK(StopOfARun)->Unit(benchmark::kMillisecond)->UseManualTime();
 
 }  // namespace

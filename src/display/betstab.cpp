@@ -8,8 +8,6 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
-#include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -18,6 +16,7 @@
 #include "config/betlimits.h"
 #include "config/settingtable.h"
 #include "display/words.h"
+#include "display/workinglist.h"
 #include "table/crapcnst.h"
 #include "table/format.h"
 #include "table/messages.h"
@@ -231,43 +230,9 @@ QWidget* BetsTab::MakeVig(const char* title, const char* family) {
 }
 
 QWidget* BetsTab::MakeComeOutList() {
-    auto* group = new QGroupBox(QStringLiteral("Working on the come-out roll"));
-    auto* layout = new QVBoxLayout(group);
-    ComeOutList = new QListWidget;
-    ComeOutList->setObjectName(QStringLiteral("ComeOutWorking"));
-    ComeOutList->setAccessibleName(tr("Working on the come-out roll"));
-    ComeOutList->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    ComeOutList->setAlternatingRowColors(true);
-    ComeOutList->setUniformItemSizes(true);
-    ComeOutList->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    for (int row = 1; row <= Row::LastBet; ++row) ComeOutList->addItem(Words(BetName(row)));
-    ComeOutList->setMinimumWidth(
-        ComeOutList->fontMetrics().horizontalAdvance(QStringLiteral("Don't Come 10 Odds - Yes")) + 60);
-    layout->addWidget(ComeOutList, 1);
-    auto* buttons = new QGridLayout;
-    const auto add = [&](const char* caption, const char* name, int row, int column, auto act) {
-        auto* button = new QPushButton(Latin(caption));
-        button->setObjectName(Latin(name));
-        button->setAutoDefault(false);
-        connect(button, &QPushButton::clicked, this, act);
-        buttons->addWidget(button, row, column);
-        return button;
-    };
-    add("S&elect All", "cmdSelectAll", 0, 0, [this] {
-        ComeOutList->selectAll();
-        ComeOutList->setFocus();
-    });
-    ComeOutButtons = {add("&Yes", "cmdYes", 0, 1, [this] { SetComeOut(ComeOut::Yes); }),
-                      add("De&fault", "cmdDefault", 1, 0, [this] { SetComeOut(ComeOut::Default); }),
-                      add("&No", "cmdNo", 1, 1, [this] { SetComeOut(ComeOut::No); })};
-    layout->addLayout(buttons);
-    const auto enable = [this] {
-        const bool any = !ComeOutList->selectedItems().isEmpty();
-        for (QPushButton* button : ComeOutButtons) button->setEnabled(any);
-    };
-    connect(ComeOutList, &QListWidget::itemSelectionChanged, this, enable);
-    enable();
-    return group;
+    ComeOutList = new WorkingList(QStringLiteral("Working on the come-out roll"));
+    connect(ComeOutList, &WorkingList::choiceMade, this, &BetsTab::SetComeOut);
+    return ComeOutList;
 }
 
 // --- showing ---
@@ -275,7 +240,7 @@ QWidget* BetsTab::MakeComeOutList() {
 void BetsTab::ShowSettings() {
     for (const Field& field : Fields) ShowField(field);
     ShowChoices();
-    for (int row = 1; row <= Row::LastBet; ++row) ShowComeOut(row);
+    ShowComeOut();
 }
 
 void BetsTab::ShowChoices() {
@@ -314,10 +279,13 @@ void BetsTab::ShowFireLimit() {
     FireBox->setVisible(T.UseFireBet);
 }
 
-void BetsTab::ShowComeOut(int row) {
-    const bool works = T.ComeOutWorking(0, row) != 0;
-    ComeOutList->item(row - 1)->setText(Words(BetName(row)) +
-                                        (works ? QStringLiteral(" - Yes") : QStringLiteral(" - No")));
+/// The table's own list.
+void BetsTab::ShowComeOut() {
+    std::array<std::optional<bool>, Row::LastBet + 1> working;
+    for (int row = 1; row <= Row::LastBet; ++row) {
+        working[static_cast<std::size_t>(row)] = T.ComeOutWorking(0, row) != 0;
+    }
+    ComeOutList->ShowWorking(working);
 }
 
 // --- taking ---
@@ -433,13 +401,14 @@ bool BetsTab::MayLeave() {
     return true;
 }
 
-void BetsTab::SetComeOut(ComeOut works) {
-    for (const QListWidgetItem* item : ComeOutList->selectedItems()) {
-        const int row = ComeOutList->row(item) + 1;
-        const bool yes = works == ComeOut::Default ? WorksOnComeOutByDefault(row) : works == ComeOut::Yes;
-        SetSetting(T, "ComeOutWorking[" + std::to_string(row) + "]", yes ? "true" : "false");
-        ShowComeOut(row);
+/// For the table and all its players.
+void BetsTab::SetComeOut(const std::vector<int>& rows, WorkingChoice choice) {
+    for (const int row : rows) {
+        const bool works =
+            choice == WorkingChoice::Default ? WorksOnComeOutByDefault(row) : choice == WorkingChoice::Yes;
+        SetSetting(T, "ComeOutWorking[" + std::to_string(row) + "]", works ? "true" : "false");
     }
+    ShowComeOut();
     emit settingsChanged();
 }
 

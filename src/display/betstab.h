@@ -1,6 +1,7 @@
 // Tab "Bets" of the configuration window: limits, odds, rules, vigs and what works on a come-out roll.
 #pragma once
 
+#include <cstdint>
 #include <initializer_list>
 #include <optional>
 #include <string>
@@ -16,11 +17,12 @@ class QComboBox;
 class QGridLayout;
 class QLabel;
 class QLineEdit;
-class QListWidget;
-class QPushButton;
 class QRadioButton;
 
 namespace tarnwick {
+
+class WorkingList;
+enum class WorkingChoice : std::uint8_t;
 
 class BetsTab final : public ConfigTab {
     Q_OBJECT
@@ -80,9 +82,8 @@ class BetsTab final : public ConfigTab {
     void ShowField(const Field& field);
     void ShowChoices();
     void ShowFireLimit();
-    void ShowComeOut(int row);
-    enum class ComeOut { No, Yes, Default };
-    void SetComeOut(ComeOut works);
+    void ShowComeOut();
+    void SetComeOut(const std::vector<int>& rows, WorkingChoice choice);
     bool Fault(const std::string& title, const std::string& text, QWidget* where);
 
     std::vector<Field> Fields;  ///< the three limits first
@@ -91,8 +92,7 @@ class BetsTab final : public ConfigTab {
     std::vector<List> Lists;
     QLabel* FireLabel = nullptr;
     QLineEdit* FireBox = nullptr;
-    QListWidget* ComeOutList = nullptr;
-    std::vector<QPushButton*> ComeOutButtons;
+    WorkingList* ComeOutList = nullptr;
     bool Telling = false;  ///< a message about a field is shown
 };
 

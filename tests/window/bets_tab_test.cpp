@@ -226,7 +226,7 @@ TEST_F(BetsTabTest, FaultsThatWereThereBeforeAreTold) {
 TEST_F(BetsTabTest, TabReachesEveryControl) {
     BetsTab tab(T);
     Open(tab);
-    Child<QListWidget>(tab, "ComeOutWorking")->selectAll();  // which lets the buttons act
+    Child<QListWidget>(tab, "lstWorking")->selectAll();  // which lets the buttons act
     std::vector<std::string> reached;
     for (int i = 0; i < 40; ++i) {
         PressKey(tab, Qt::Key_Tab);
@@ -256,7 +256,7 @@ TEST_F(BetsTabTest, TabReachesEveryControl) {
                                                 "BuyVigRate",
                                                 "BuyVigOnAllBets_true",
                                                 "BuyVigRounding",
-                                                "ComeOutWorking",
+                                                "lstWorking",
                                                 "cmdSelectAll",
                                                 "cmdYes",
                                                 "cmdDefault",
@@ -461,11 +461,9 @@ TEST_F(BetsTabTest, AVigThatCantBePaidIsRefused) {
 }
 
 struct ComeOutTest : BetsTabTest {
-    QString Line(const BetsTab& tab, int row) {
-        return Child<QListWidget>(tab, "ComeOutWorking")->item(row - 1)->text();
-    }
+    QString Line(const BetsTab& tab, int row) { return Child<QListWidget>(tab, "lstWorking")->item(row - 1)->text(); }
     void ClickLine(const BetsTab& tab, int row, Qt::KeyboardModifiers modifiers = {}) {
-        auto* list = Child<QListWidget>(tab, "ComeOutWorking");
+        auto* list = Child<QListWidget>(tab, "lstWorking");
         list->scrollToItem(list->item(row - 1));
         Click(*list->viewport(), list->visualItemRect(list->item(row - 1)).center(), modifiers);
     }
@@ -478,7 +476,7 @@ TEST_F(ComeOutTest, ButtonsSetTheSelectedLinesForEverybody) {
     BetsTab tab(T);
     Open(tab);
     QSignalSpy changes(&tab, &ConfigTab::settingsChanged);
-    EXPECT_EQ(Child<QListWidget>(tab, "ComeOutWorking")->count(), 91);
+    EXPECT_EQ(Child<QListWidget>(tab, "lstWorking")->count(), 91);
     EXPECT_EQ(Line(tab, Row::Lay4), "Lay 4 - Yes");
     EXPECT_EQ(Line(tab, Row::Place4), "Place 4 - No");
     auto* yes = Child<QPushButton>(tab, "cmdYes");
