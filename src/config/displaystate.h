@@ -88,7 +88,10 @@ struct TableView {
     bool KeyInMode = false;           ///< a click on a bet opens the amount box
     std::int32_t SelectedCheck = 1;   ///< check 1..5 that the next click bets
     std::int32_t TexturePicture = 0;  ///< of the room, 0 plain
-    bool PrintPicture = false;        ///< reports carry the picture of the table
+    /// Where the checks of position p on row 1..91 were left, in table units, while they aren't arranged; both 0: at
+    /// their own place. Not saved.
+    std::array<std::array<float, Row::LastBet + 1>, Positions> BetSpotX{}, BetSpotY{};
+    bool PrintPicture = false;  ///< reports carry the picture of the table
 };
 
 // --- windows of the dice ---

@@ -7,6 +7,7 @@
 #include <QWidget>
 
 #include "display/messagedialog.h"
+#include "display/pointersnap.h"
 #include "display/settlebetdialog.h"
 #include "display/words.h"
 
@@ -27,10 +28,15 @@ Answer DesktopScreen::Show(const Message& message) {
     if (above == nullptr) above = QApplication::activeWindow();
     MessageDialog dialog(message, above != nullptr ? above : Owner);
     connect(&dialog, &MessageDialog::helpWanted, this, &DesktopScreen::helpWanted);
+    const PointerSnap snap(dialog, T.SnapMouse);
     return dialog.Ask();
 }
 
-int DesktopScreen::AskSettleBet(const SettleQuestion& question) { return SettleBetDialog(T, question, Owner).Ask(); }
+int DesktopScreen::AskSettleBet(const SettleQuestion& question) {
+    SettleBetDialog dialog(T, question, Owner);
+    const PointerSnap snap(dialog, T.SnapMouse);
+    return dialog.Ask();
+}
 
 void DesktopScreen::ShowStatus(std::string_view text) { emit statusDue(Words(text)); }
 

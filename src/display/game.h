@@ -36,6 +36,7 @@ class Game {
     AutoBets& Scripts() { return ScriptsOf; }
     /// Found at the start.
     const SoundLibrary& Sounds() const { return Found; }
+    TableLogs& LogsOf() { return Logs; }
     /// Where the files in use lie.
     std::vector<PathGroup> Paths() const;
     /// Read at the start, and kept at the exit, of a program.

@@ -82,7 +82,7 @@ void MainWindow::MakePlayersMenu() {
         ShowNote(t, "Add New Player", "All eight positions are taken.");
     });
     Add(*menu, tr("Re&name player ..."), {}, [this, &t] {
-        if (const int p = Bettor()) AskRenamePlayer(t, p);
+        if (const int p = Bettor(); p != 0 && AskRenamePlayer(t, p)) AskRenameSessionsLog(p);
     });
     Add(*menu, tr("&Move player"), {}, [this] {
         if (const int p = Bettor()) {

@@ -140,7 +140,10 @@ void MainWindow::ConnectTable() {
 
 void MainWindow::ConnectScreen() {
     connect(Front, &DesktopScreen::amountBoxDue, Amount, &AmountBox::Commit);
-    connect(Front, &DesktopScreen::betChanged, View, &FeltView::RefreshBet);
+    connect(Front, &DesktopScreen::betChanged, this, [this](int p, int row) {
+        View->RefreshBet(p, row);
+        Hand->ForgetPlace(p, row);
+    });
     connect(Front, &DesktopScreen::tableChanged, this, [this] {
         if (!Played->T().HyperDriveActive) View->Thaw();
         Refresh();
@@ -161,6 +164,11 @@ void MainWindow::Roll() { RollDice(Played->T()); }
 void MainWindow::PressTable(int value, Qt::MouseButton button) {
     Table& t = Played->T();
     Amount->Commit();
+    Hand->PressedAt.reset();
+    if (const int byKeyboard = View->CursorValue(); byKeyboard == 0) {
+        const QPointF place = ScreenToTable(t, View->lastPress());
+        Hand->PressedAt = {place.x(), place.y()};
+    }
     if (button == Qt::LeftButton) {
         if (const int row = Hand->PressLeft(value, t.KeyInMode || KeyInNext))
             Amount->Open(row, View->lastPress(), t.BetAmount(t.ActivePlayer, row));
@@ -388,6 +396,16 @@ void MainWindow::AskAtm(bool withdrawal) {
     if (!amount || *amount <= currency{}) return;
     t.AtmAmount[At(p)] = *amount;
     AtmTransaction(t, p, withdrawal ? *amount : -*amount);
+}
+
+/// A renamed player's log bears the old name until the user wants it otherwise.
+void MainWindow::AskRenameSessionsLog(int p) {
+    Table& t = Played->T();
+    const std::string question = "Would you also like to change " + t.PlayerName[At(p)] +
+                                 "'s sessions log filename?\nCurrently:\n" + Played->LogsOf().SessionsLog(t, p);
+    if (!AskYesNo(t, "Rename Sessions Log", question)) return;
+    const std::string path = ChooseFile(*this, t, FilePurpose::RenameSessionsLog);
+    if (!path.empty()) Played->LogsOf().RenameSessionsLog(t, p, path);
 }
 
 int MainWindow::Bettor() {

@@ -98,6 +98,7 @@ class MainWindow : public QMainWindow {
     void ShowAutoPlay();
     void ShowPath();
     void AskAtm(bool withdrawal);
+    void AskRenameSessionsLog(int p);
     /// The bettor, or 0 with the words that ask for one.
     int Bettor();
     void SetPending(PendingAction action);

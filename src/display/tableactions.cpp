@@ -132,8 +132,17 @@ void TableActions::AddCheck(int row, bool off) {
     if (off) row = RowToLower(T, row);
     const currency check = T.CheckDenominations[At(T.SelectedCheck)];
     PlaceBet(T, p, row, off ? -check : check);
+    if (!off && PressedAt && !T.AutoArrangeChips && IsLayoutRow(row)) {
+        T.BetSpotX[At(p)][At(row)] = static_cast<float>(PressedAt->first);
+        T.BetSpotY[At(p)][At(row)] = static_cast<float>(PressedAt->second);
+    }
     T.GameChanged = true;
     if (T.Front != nullptr) T.Front->RefreshOpenWindows();
+}
+
+void TableActions::ForgetPlace(int p, int row) {
+    if (!IsLayoutRow(row) || !IsZero(T.BetAmount(p, row))) return;
+    T.BetSpotX[At(p)][At(row)] = T.BetSpotY[At(p)][At(row)] = 0;
 }
 
 void TableActions::SetAmount(int row, currency amount) {

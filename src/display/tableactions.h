@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <utility>
 
 #include "table/crapcnst.h"
 
@@ -34,6 +35,8 @@ class TableActions {
 
     PendingAction Pending = PendingAction::Bet;
     int MovingPlayer = 0;  ///< who takes the next rail position, with MovePlayer
+    /// Where the mouse presses, in table units: checks that aren't arranged stay there.
+    std::optional<std::pair<double, double>> PressedAt;
 
     /// Words of the status line while something is pending; empty for plain betting.
     const char* PendingText() const;
@@ -47,6 +50,8 @@ class TableActions {
 
     /// Adds the selected check to the bettor's bet (or takes it off). Needs a bettor; says so when there is none.
     void AddCheck(int row, bool off);
+    /// The bet of p on row 1..91 has changed: one that is gone leaves no place behind.
+    void ForgetPlace(int p, int row);
     /// What the amount box held when it closed: the bet of the bettor on `row` becomes `amount`.
     void SetAmount(int row, currency amount);
 

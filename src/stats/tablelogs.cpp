@@ -102,6 +102,21 @@ void TableLogs::SessionEnded(Table& t, int p) {
     }
 }
 
+bool TableLogs::RenameSessionsLog(Table& t, int p, const std::string& path) {
+    const std::string present = SessionsLog(t, p), wanted = InUserFolder(path);
+    if (FileExists(present) && present != wanted) {
+        std::error_code error;
+        std::filesystem::rename(present, wanted, error);
+        if (error) {
+            Tell(t, "Rename Sessions Log", "The Sessions Log can't be renamed to " + wanted + ".\n" + error.message());
+            return false;
+        }
+    }
+    t.SessionsLogName[static_cast<std::size_t>(p)] = path;
+    t.GameChanged = true;
+    return true;
+}
+
 void TableLogs::EraseSessionsLog(Table& t, int p) {
     const std::string fault = DeleteSessionsLog(DefaultSessionsLog(t, p));
     if (!fault.empty()) Tell(t, "Sessions Log", "The Sessions Log can't be deleted.\n" + fault);

@@ -24,6 +24,10 @@ class TableLogs : public LogHost {
     /// The Sessions Log that bears the name of p.
     std::string DefaultSessionsLog(const Table& t, int p) const;
 
+    /// From now on the sessions of p 1..8 go to the log `path`; the log so far, if there is one, takes that name, and
+    /// replaces a file there. False after a message, with all as it was.
+    bool RenameSessionsLog(Table& t, int p, const std::string& path);
+
     /// Writes what was collected, so that a reader sees it.
     void Flush(Table& t);
 

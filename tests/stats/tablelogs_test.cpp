@@ -124,6 +124,24 @@ TEST_F(TableLogsTest, ALogElsewhere) {
     EXPECT_THAT(LogLines(), ElementsAre(HasSubstr("Roll #2"), HasSubstr("Miss")));
 }
 
+TEST_F(TableLogsTest, ASessionsLogIsRenamedWithItsSessions) {
+    ASSERT_EQ(AddPlayer(t, 2, "Bob", Dollars(100)), "");
+    EXPECT_TRUE(Logs.RenameSessionsLog(t, 2, Folder.Path("one.slg"))) << "there is no log yet";
+    EXPECT_EQ(Logs.SessionsLog(t, 2), Folder.Path("one.slg"));
+    EXPECT_FALSE(std::filesystem::exists(Folder.Path("one.slg")));
+    ASSERT_EQ(AppendSessionRecord(Folder.Path("one.slg"), SessionRecord{}), "");
+    const std::string sessions = Folder.Read("one.slg");
+    for (const char* same : {"one.slg", "two.slg"}) {
+        EXPECT_TRUE(Logs.RenameSessionsLog(t, 2, Folder.Path(same)));
+        EXPECT_EQ(Folder.Read(same), sessions);
+    }
+    EXPECT_FALSE(std::filesystem::exists(Folder.Path("one.slg")));
+    EXPECT_FALSE(Logs.RenameSessionsLog(t, 2, Folder.Path("nowhere/three.slg")));
+    EXPECT_THAT(Messages(), ElementsAre(HasSubstr("[Rename Sessions Log] The Sessions Log can't be renamed to ")));
+    EXPECT_EQ(Logs.SessionsLog(t, 2), Folder.Path("two.slg"));
+    EXPECT_EQ(Folder.Read("two.slg"), sessions);
+}
+
 TEST_F(TableLogsTest, AFullLogOrAFaultTurnsTheLogOff) {
     SetEventsLogOn(t, true);
     Logs.Writer.LongestLog = 40;

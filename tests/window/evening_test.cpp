@@ -1,8 +1,11 @@
 // An evening at the main window, with the mouse and the keyboard of a person.
 #include <gtest/gtest.h>
 
+#include <QLineF>
 #include <QMenu>
 #include <QPushButton>
+#include <filesystem>
+#include <fstream>
 
 #include "display/amountbox.h"
 #include "display/rollpad.h"
@@ -71,6 +74,71 @@ TEST_F(EveningTest, AmountsCanBeKeyedIn) {
     T.LoserHandling[6] = T.WinnerHandling[6] = 1;
     PadRoll(T, 1, 1);
     EXPECT_EQ(T.BetAmount(6, Row::Hard6), Dollars(3)) << "what is being typed is placed before a roll";
+}
+
+TEST_F(EveningTest, ChecksThatArentArrangedStayWhereTheyWerePut) {
+    Seat(2, "Ann");
+    const QPointF own = *BetSpot(T, 2, Row::Field), put = own + QPointF(9, 4);
+    const auto near = [&](QPointF place) { return QLineF(*BetSpot(T, 2, Row::Field), place).length() < 2; };
+    ClickAt(put);
+    EXPECT_TRUE(near(own));
+    T.AutoArrangeChips = false;
+    ClickAt(put);
+    ASSERT_EQ(T.BetAmount(2, Row::Field), Dollars(2));
+    EXPECT_TRUE(near(put));
+    ClickAt(own, Qt::RightButton);
+    EXPECT_TRUE(near(put)) << "taking a check off moves nothing";
+    T.AutoArrangeChips = true;
+    EXPECT_TRUE(near(own));
+    T.AutoArrangeChips = false;
+    ClickAt(put, Qt::RightButton);
+    EXPECT_TRUE(near(own)) << "a bet that is gone leaves no place behind";
+}
+
+TEST_F(EveningTest, ARenamedPlayerMayTakeTheSessionsLogAlong) {
+    Seat(4, "Ann");
+    const std::string present = Window.CurrentGame().LogsOf().SessionsLog(T, 4), wanted = Folder.Path("bea.slg");
+    std::ofstream(present) << "sessions";
+    DialogDriver driver({[](QDialog& d) {
+                             d.findChild<QLineEdit*>()->selectAll();
+                             Type(d, "Bea");
+                             QTest::keyClick(d.windowHandle(), Qt::Key_Return);
+                         },
+                         [&](QDialog& d) {
+                             EXPECT_EQ(d.windowTitle(), "Rename Sessions Log");
+                             EXPECT_TRUE(d.findChild<QLabel*>("lblText")->text().contains(
+                                 QString::fromStdString("Currently:\n" + present)));
+                             d.findChild<QPushButton*>()->click();  // Yes; it may not be active yet
+                         },
+                         [&](QDialog& d) {
+                             ASSERT_EQ(d.objectName(), "frmFile");
+                             d.findChild<QLineEdit*>()->setText(QString::fromStdString(wanted));
+                             QMetaObject::invokeMethod(&d, "accept");
+                         }});
+    MenuEntry("Re&name player ...")->trigger();
+    EXPECT_EQ(driver.Left(), 0u);
+    EXPECT_EQ(T.PlayerName[4], "Bea");
+    EXPECT_EQ(Window.CurrentGame().LogsOf().SessionsLog(T, 4), wanted);
+    EXPECT_FALSE(std::filesystem::exists(present));
+    EXPECT_EQ(Folder.Read("bea.slg"), "sessions");
+}
+
+TEST_F(EveningTest, ThePointerGoesToTheButtonAndBack) {
+    for (const bool snaps : {true, false}) {
+        T.SnapMouse = snaps;
+        const QPoint before(3, 4);
+        QCursor::setPos(before);
+        DialogDriver driver({[&](QDialog& d) {
+            const auto* yes = d.findChild<QPushButton*>();
+            const QRect button(yes->mapToGlobal(QPoint()), yes->size());
+            QTest::qWait(20);
+            EXPECT_EQ(button.contains(QCursor::pos()), snaps);
+            QTest::keyClick(d.windowHandle(), Qt::Key_Escape);
+        }});
+        ClickAt(TheFelt().Seats[3].NameCentre);
+        EXPECT_EQ(driver.Left(), 0u);
+        EXPECT_EQ(QCursor::pos(), before);
+    }
 }
 
 TEST_F(EveningTest, TheActionMenuWaitsForItsBet) {

@@ -269,7 +269,10 @@ const FeltLayout& TheFelt() {
 
 std::optional<QPointF> BetSpot(const Table& t, int p, int row) {
     if (p < 1 || p > 8) return std::nullopt;
-    if (IsLayoutRow(row)) return TheFelt().Spots[At(row)][At(p)];
+    if (IsLayoutRow(row)) {
+        const QPointF left(t.BetSpotX[At(p)][At(row)], t.BetSpotY[At(p)][At(row)]);
+        return t.AutoArrangeChips || left.isNull() ? TheFelt().Spots[At(row)][At(p)] : left;
+    }
     for (int slot = 1; slot <= 4; ++slot) {
         if (t.VisibleStack[At(p)][At(slot)] == row && IsStack(row)) return TheFelt().Seats[At(p)].Stacks[At(slot)];
     }

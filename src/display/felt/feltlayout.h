@@ -125,8 +125,8 @@ std::optional<FeltLayout> ReadFeltLayout(const QByteArray& json, QString& error)
 /// The layout that the program carries, read at the first call.
 const FeltLayout& TheFelt();
 
-/// Place of the checks of player p (1..8) on row 1..91, or on CheckStack row 100..199 when it is shown at the rail;
-/// else nothing.
+/// Place of the checks of player p (1..8) on row 1..91, where they were left if they aren't arranged, or on CheckStack
+/// row 100..199 when it is shown at the rail; else nothing.
 std::optional<QPointF> BetSpot(const Table& t, int p, int row);
 
 }  // namespace tarnwick
