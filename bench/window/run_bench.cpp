@@ -47,12 +47,19 @@ void RunWithoutAWindow(benchmark::State& state) {
 }
 BENCHMARK(RunWithoutAWindow)->Unit(benchmark::kMillisecond)->UseRealTime();
 
+struct ShownWindow {
+    ShownWindow() {
+        Window.resize(1280, 760);
+        Window.show();
+        QCoreApplication::processEvents();
+    }
+    QTemporaryDir Folder;
+    MainWindow Window{Folder.path().toStdString()};
+};
+
 void RunInTheMainWindow(benchmark::State& state) {
-    const QTemporaryDir folder;
-    MainWindow window(folder.path().toStdString());
-    window.resize(1280, 760);
-    window.show();
-    QCoreApplication::processEvents();
+    ShownWindow shown;
+    MainWindow& window = shown.Window;
     Table& t = window.CurrentGame().T();
     for (auto _ : state) {
         PrepareRun(t);
@@ -64,11 +71,8 @@ BENCHMARK(RunInTheMainWindow)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 /// From the moment at which the user's stop is due until the table is drawn again.
 void StopOfARun(benchmark::State& state) {
-    const QTemporaryDir folder;
-    MainWindow window(folder.path().toStdString());
-    window.resize(1280, 760);
-    window.show();
-    QCoreApplication::processEvents();
+    ShownWindow shown;
+    MainWindow& window = shown.Window;
     Table& t = window.CurrentGame().T();
     constexpr int due = 50;
     for (auto _ : state) {

@@ -115,6 +115,7 @@ void FeltView::PaintAll(QPainter& painter) {
 
 /// The box that the keyboard chose, framed light on dark to be seen on any felt.
 void FeltView::PaintCursor(QPainter& painter) {
+    if (CursorId == 0) return;  // nearly always, and every picture comes by here
     for (const CursorTarget& target : CursorTargets(T)) {
         if (target.Id != CursorId) continue;
         const QPainterPath frame = TableTransform(T).map(target.Path);
